@@ -1,0 +1,15 @@
+# zephyls_test(NAME SOURCES... [LIBRARIES ...]): one test executable a folder, run by CTest.
+if(ZEPHYLS_BUILD_TESTS)
+  find_package(GTest REQUIRED)
+endif()
+
+function(zephyls_test name)
+  if(NOT ZEPHYLS_BUILD_TESTS)
+    return()
+  endif()
+  cmake_parse_arguments(TEST "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_link_libraries(${name} PRIVATE zephyl GTest::gmock GTest::gtest_main ${TEST_LIBRARIES})
+  zephyls_warnings(${name})
+  add_test(NAME ${name} COMMAND ${name})
+endfunction()
