@@ -1,0 +1,284 @@
+#include "platform/foundation/PropertyListXmlReader.h"
+
+#include <array>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/foundation/Dictionary.h"
+#include "platform/foundation/PropertyListLimits.h"
+#include "platform/foundation/PropertyListUid.h"
+#include "platform/foundation/PropertyListXmlScalars.h"
+#include "platform/foundation/PropertyListXmlScanner.h"
+
+namespace zephyl::detail {
+
+namespace {
+
+using Tag = XmlScanner::Tag;
+
+std::string quoted(std::string_view name) {
+  constexpr std::size_t kLongest = 40;
+  return name.size() > kLongest ? std::string("a tag") : "<" + std::string(name) + ">";
+}
+
+// The texts read last, so that one that comes again, as members do, is shared.
+class RecentTexts {
+ public:
+  [[nodiscard]] Value share(std::string_view text) {
+    if (text.size() > kLongest) {
+      return Value(std::string(text));
+    }
+    Value& recent = recent_[slotOf(text)];
+    if (const std::string* known = recent.ifString(); known == nullptr || *known != text) {
+      recent = Value(std::string(text));
+    }
+    return recent;
+  }
+
+ private:
+  static constexpr std::size_t kLongest = 64;
+  static constexpr std::size_t kSlots = 1024;
+
+  static std::size_t slotOf(std::string_view text) {
+    std::uint64_t hash = text.size();
+    for (const char c : text) {
+      hash = (hash ^ static_cast<unsigned char>(c)) * 0x9E3779B97F4A7C15U;
+    }
+    return (hash >> 32U) % kSlots;
+  }
+
+  std::array<Value, kSlots> recent_;
+};
+
+class XmlReader {
+ public:
+  explicit XmlReader(std::string_view text) : scanner_(text) {}
+
+  [[nodiscard]] PropertyListResult read();
+
+ private:
+  struct Container {
+    bool isDictionary = false;
+    std::size_t firstValue = 0;  // of its own, in `values_`
+    std::size_t firstKey = 0;
+    std::size_t offset = 0;
+  };
+
+  [[nodiscard]] bool readRoot();
+  [[nodiscard]] bool readUntilClosed(const Tag& plist);
+  [[nodiscard]] bool readElement(const Tag& tag);
+  [[nodiscard]] bool readKey(const Tag& tag);
+  [[nodiscard]] bool readBoolean(const Tag& tag);
+  [[nodiscard]] bool readScalar(const Tag& tag);
+  [[nodiscard]] std::optional<Value> convert(const Tag& tag, std::string_view text);
+  [[nodiscard]] bool open(const Tag& tag);
+  [[nodiscard]] bool close(const Tag& tag);
+  [[nodiscard]] Value take(const Container& container);
+
+  [[nodiscard]] bool isKeyExpected() const {
+    return !open_.empty() && open_.back().isDictionary &&
+           keys_.size() - open_.back().firstKey == values_.size() - open_.back().firstValue;
+  }
+
+  XmlScanner scanner_;
+  RecentTexts texts_;
+  std::vector<Container> open_;
+  std::vector<Value> values_;  // of all open containers, innermost last
+  std::vector<std::string> keys_;
+};
+
+PropertyListResult XmlReader::read() {
+  if (!readRoot()) {
+    return scanner_.failure();
+  }
+  return std::move(values_.front());
+}
+
+bool XmlReader::readRoot() {
+  if (!scanner_.skipProlog()) {
+    return false;
+  }
+  const std::optional<Tag> first = scanner_.nextTag();
+  if (!first) {
+    return false;
+  }
+  if (first->name == "plist" && first->kind != Tag::Kind::kClose) {
+    return first->kind == Tag::Kind::kEmpty ? scanner_.fail("no value in <plist>", first->offset)
+                                            : readUntilClosed(*first) && scanner_.atEnd();
+  }
+  if (!readElement(*first)) {
+    return false;
+  }
+  while (!open_.empty()) {
+    const std::optional<Tag> tag = scanner_.nextTag();
+    if (!tag || !readElement(*tag)) {
+      return false;
+    }
+  }
+  return scanner_.atEnd();
+}
+
+bool XmlReader::readUntilClosed(const Tag& plist) {
+  while (const std::optional<Tag> tag = scanner_.nextTag()) {
+    if (open_.empty() && tag->kind == Tag::Kind::kClose && tag->name == "plist") {
+      return !values_.empty() || scanner_.fail("no value in <plist>", plist.offset);
+    }
+    if (open_.empty() && !values_.empty()) {
+      return scanner_.fail("a second value in <plist>", tag->offset);
+    }
+    if (!readElement(*tag)) {
+      return false;
+    }
+  }
+  return false;
+}
+
+bool XmlReader::readElement(const Tag& tag) {
+  if (tag.kind == Tag::Kind::kClose) {
+    return close(tag);
+  }
+  if (tag.name == "key") {
+    return readKey(tag);
+  }
+  if (isKeyExpected()) {
+    return scanner_.fail(quoted(tag.name) + " where a <key> is expected", tag.offset);
+  }
+  if (tag.name == "array" || tag.name == "dict") {
+    return open(tag);
+  }
+  if (tag.name == "true" || tag.name == "false") {
+    return readBoolean(tag);
+  }
+  return readScalar(tag);
+}
+
+bool XmlReader::readKey(const Tag& tag) {
+  if (!isKeyExpected()) {
+    const bool valueIsMissing = !open_.empty() && open_.back().isDictionary;
+    return scanner_.fail(valueIsMissing ? "a <key> where the value of the key before is expected"
+                                        : "a <key> outside a dictionary",
+                         tag.offset);
+  }
+  std::optional<std::string_view> text = std::string_view();
+  if (tag.kind == Tag::Kind::kOpen) {
+    text = scanner_.textOf("key");
+  }
+  if (!text) {
+    return false;
+  }
+  keys_.emplace_back(*text);
+  return true;
+}
+
+bool XmlReader::readBoolean(const Tag& tag) {
+  if (tag.kind == Tag::Kind::kOpen) {
+    const std::optional<std::string_view> text = scanner_.textOf(tag.name);
+    if (!text) {
+      return false;
+    }
+    if (text->find_first_not_of(" \t\r\n") != std::string_view::npos) {
+      return scanner_.fail("text inside " + quoted(tag.name), tag.offset);
+    }
+  }
+  values_.emplace_back(tag.name == "true");
+  return true;
+}
+
+bool XmlReader::readScalar(const Tag& tag) {
+  std::optional<std::string_view> text = std::string_view();
+  constexpr std::array<std::string_view, 5> kScalars = {"string", "integer", "real", "date",
+                                                        "data"};
+  bool known = false;
+  for (const std::string_view name : kScalars) {
+    known = known || tag.name == name;
+  }
+  if (!known) {
+    return scanner_.fail("unknown element " + quoted(tag.name), tag.offset);
+  }
+  if (tag.kind == Tag::Kind::kOpen) {
+    text = scanner_.textOf(tag.name);
+  }
+  if (!text) {
+    return false;
+  }
+  std::optional<Value> value = convert(tag, *text);
+  if (!value) {
+    return scanner_.fail("not a valid " + quoted(tag.name), tag.offset);
+  }
+  values_.push_back(std::move(*value));
+  return true;
+}
+
+std::optional<Value> XmlReader::convert(const Tag& tag, std::string_view text) {
+  if (tag.name == "string") {
+    return texts_.share(text);
+  }
+  if (tag.name == "integer") {
+    return parseXmlInteger(text);
+  }
+  if (tag.name == "real") {
+    return parseXmlReal(text);
+  }
+  if (tag.name == "date") {
+    return parseXmlDate(text, XmlScanner::attribute(tag.attributes, "fraction"));
+  }
+  return parseBase64(text);
+}
+
+bool XmlReader::open(const Tag& tag) {
+  if (open_.size() == kMaximumDepth) {
+    return scanner_.fail(kTooDeep, tag.offset);
+  }
+  open_.push_back({tag.name == "dict", values_.size(), keys_.size(), tag.offset});
+  return tag.kind == Tag::Kind::kOpen || close(tag);
+}
+
+bool XmlReader::close(const Tag& tag) {
+  if (open_.empty() || tag.name != (open_.back().isDictionary ? "dict" : "array")) {
+    return scanner_.fail("</" + quoted(tag.name).substr(1) + " closes nothing", tag.offset);
+  }
+  const Container container = open_.back();
+  if (container.isDictionary && !isKeyExpected()) {
+    return scanner_.fail("a <key> without a value", tag.offset);
+  }
+  Value value = take(container);
+  open_.pop_back();
+  values_.resize(container.firstValue);
+  keys_.resize(container.firstKey);
+  values_.push_back(std::move(value));
+  return true;
+}
+
+Value XmlReader::take(const Container& container) {
+  const auto first = values_.begin() + static_cast<std::ptrdiff_t>(container.firstValue);
+  if (!container.isDictionary) {
+    return Array(std::make_move_iterator(first), std::make_move_iterator(values_.end()));
+  }
+  Dictionary entries;
+  for (std::size_t i = container.firstValue; i < values_.size(); ++i) {
+    entries.set(std::move(keys_[container.firstKey + i - container.firstValue]),
+                std::move(values_[i]));
+  }
+  return uidOrDictionary(std::move(entries));
+}
+
+}  // namespace
+
+PropertyListResult readXmlPropertyList(std::string_view text) {
+  const std::size_t forbidden = XmlScanner::findForbidden(text);
+  if (forbidden != std::string_view::npos) {
+    XmlScanner scanner(text);
+    scanner.fail(static_cast<unsigned char>(text[forbidden]) < 0x20
+                     ? "a control character, which XML forbids"
+                     : "text that is not UTF-8",
+                 forbidden);
+    return scanner.failure();
+  }
+  return XmlReader(text).read();
+}
+
+}  // namespace zephyl::detail
