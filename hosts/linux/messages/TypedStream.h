@@ -1,0 +1,21 @@
+// The archive in which Messages keeps a message's attributed text ("streamtyped", little endian).
+// Only the text is taken out; attributes are not looked at.
+
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace zephyl::linux_host {
+
+class TypedStream {
+ public:
+  // The text of the archived string or attributed string, well-formed UTF-8. Null when the bytes
+  // are no such archive, hold another class, or end early: an unknown text is never an empty one.
+  // Any bytes may be given; work and memory are bounded by their number.
+  [[nodiscard]] static std::optional<std::string> text(std::span<const std::byte> archive);
+};
+
+}  // namespace zephyl::linux_host
