@@ -1,0 +1,278 @@
+#include "hosts/linux/contacts/VCardEncoding.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <memory>
+#include <utility>
+
+#include <unicode/ucnv.h>
+#include <unicode/unistr.h>
+
+#include "hosts/linux/contacts/AsciiText.h"
+
+namespace zephyl::linux_host::vcard {
+
+namespace {
+
+int hexDigit(char c) {
+  if (c >= '0' && c <= '9') {
+    return c - '0';
+  }
+  const char lower = static_cast<char>(c | 0x20);
+  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+// The byte that two hexadecimal digits at `at` spell, or -1.
+int hexByte(std::string_view text, std::size_t at) {
+  if (at + 2 > text.size()) {
+    return -1;
+  }
+  const int high = hexDigit(text[at]);
+  const int low = hexDigit(text[at + 1]);
+  return high < 0 || low < 0 ? -1 : high * 16 + low;
+}
+
+// Base64 digits have their value, white space and everything else a negative one.
+constexpr int kSpace = -1;
+constexpr int kForeign = -2;
+
+constexpr std::array<std::int8_t, 256> base64Values() {
+  std::array<std::int8_t, 256> values{};
+  for (std::int8_t& value : values) {
+    value = kForeign;
+  }
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  for (std::size_t i = 0; i < kDigits.size(); ++i) {
+    values[static_cast<unsigned char>(kDigits[i])] = static_cast<std::int8_t>(i);
+  }
+  for (const char c : std::string_view(" \t\r\n")) {
+    values[static_cast<unsigned char>(c)] = kSpace;
+  }
+  return values;
+}
+
+constexpr std::array<std::int8_t, 256> kBase64Values = base64Values();
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+void appendUtf8(std::string& text, char32_t c) {
+  const auto tail = [c](unsigned shift) { return static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
+  if (c < 0x80) {
+    text += static_cast<char>(c);
+  } else if (c < 0x800) {
+    text += {static_cast<char>(0xC0 | (c >> 6)), tail(0)};
+  } else if (c < 0x10000) {
+    text += {static_cast<char>(0xE0 | (c >> 12)), tail(6), tail(0)};
+  } else {
+    text += {static_cast<char>(0xF0 | (c >> 18)), tail(12), tail(6), tail(0)};
+  }
+}
+
+// Gives `take` each byte; false when the text is no proper base64.
+template <class Take>
+bool decodeBase64(std::string_view text, Take take) {
+  std::uint32_t bits = 0;
+  std::size_t digits = 0;
+  std::size_t padding = 0;
+  for (const char c : text) {
+    const int value = kBase64Values[static_cast<unsigned char>(c)];
+    if (value == kSpace) {
+      continue;
+    }
+    if (c == '=') {
+      ++padding;
+      continue;
+    }
+    if (value == kForeign || padding != 0) {
+      return false;
+    }
+    bits = (bits << 6) | static_cast<std::uint32_t>(value);
+    if (++digits % 4 == 0) {
+      take(static_cast<std::uint8_t>(bits >> 16));
+      take(static_cast<std::uint8_t>(bits >> 8));
+      take(static_cast<std::uint8_t>(bits));
+    }
+  }
+  const std::size_t left = digits % 4;
+  bits <<= 6 * (4 - left);
+  if (left >= 2) {
+    take(static_cast<std::uint8_t>(bits >> 16));
+  }
+  if (left == 3) {
+    take(static_cast<std::uint8_t>(bits >> 8));
+  }
+  return left != 1 && padding <= 2;
+}
+
+struct CloseConverter {
+  void operator()(UConverter* converter) const { ucnv_close(converter); }
+};
+
+// nullopt when the character set is not known.
+std::optional<std::string> convert(std::string_view bytes, const std::string& charset) {
+  if (bytes.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
+    return std::nullopt;
+  }
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<UConverter, CloseConverter> converter(ucnv_open(charset.c_str(), &status));
+  if (U_FAILURE(status)) {
+    return std::nullopt;
+  }
+  const icu::UnicodeString unicode(bytes.data(), static_cast<std::int32_t>(bytes.size()),
+                                   converter.get(), status);
+  if (U_FAILURE(status)) {
+    return std::nullopt;
+  }
+  std::string text;
+  return unicode.toUTF8String(text);
+}
+
+// Where a valid character ends that starts at `at`; `at` itself when none does.
+std::size_t characterEnd(std::string_view text, std::size_t at) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned lead = byte(at);
+  if (lead < 0x80) {
+    return at + 1;
+  }
+  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+  if (lead < 0xC2 || lead > 0xF4 || at + length > text.size()) {
+    return at;
+  }
+  // The second byte's range leaves out overlong forms, surrogates and what is above U+10FFFF.
+  const unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+  const unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+  for (std::size_t i = 1; i < length; ++i) {
+    if (byte(at + i) < (i == 1 ? low : 0x80U) || byte(at + i) > (i == 1 ? high : 0xBFU)) {
+      return at;
+    }
+  }
+  return at + length;
+}
+
+// Text that was UTF-8 once has some such characters left; else it is the one-byte set that most
+// old writers used.
+Decoded mended(std::string_view bytes, const std::string& doubt) {
+  std::string text;
+  bool hasLong = false;
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t end = characterEnd(bytes, at);
+    text += end == at ? kReplacement : bytes.substr(at, end - at);
+    hasLong = hasLong || end > at + 1;
+    at = std::max(end, at + 1);
+  }
+  if (hasLong) {
+    return {std::move(text), doubt + "; the broken bytes are replaced"};
+  }
+  return {convert(bytes, "windows-1252").value_or(std::move(text)),
+          doubt + "; read as Windows-1252"};
+}
+
+}  // namespace
+
+bool isUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = characterEnd(text, at);
+    if (end == at) {
+      return false;
+    }
+    at = end;
+  }
+  return true;
+}
+
+void appendUtf16(std::string& text, std::string_view bytes, bool bigEndian) {
+  const auto unit = [&](std::size_t at) {
+    const auto first = static_cast<unsigned char>(bytes[at]);
+    const auto second = static_cast<unsigned char>(bytes[at + 1]);
+    return static_cast<char32_t>(bigEndian ? first * 256 + second : second * 256 + first);
+  };
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    char32_t c = unit(at);
+    if (c >= 0xD800 && c < 0xDC00 && at + 3 < bytes.size()) {
+      const char32_t low = unit(at + 2);
+      if (low >= 0xDC00 && low < 0xE000) {
+        c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
+        at += 2;
+      }
+    }
+    appendUtf8(text, c >= 0xD800 && c < 0xE000 ? 0xFFFD : c);
+  }
+  if (bytes.size() % 2 != 0) {
+    text += kReplacement;
+  }
+}
+
+Decoded fromQuotedPrintable(std::string_view text) {
+  Decoded result;
+  result.text.reserve(text.size());
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const int byte = text[at] == '=' ? hexByte(text, at + 1) : -1;
+    if (byte >= 0) {
+      result.text += static_cast<char>(byte);
+      at += 2;
+      continue;
+    }
+    if (text[at] == '=') {
+      result.doubt = "is not proper quoted-printable text";
+    }
+    result.text += text[at];
+  }
+  return result;
+}
+
+std::optional<std::vector<std::uint8_t>> fromBase64(std::string_view text) {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(text.size() / 4 * 3 + 3);
+  const bool ok = decodeBase64(text, [&](std::uint8_t byte) { bytes.push_back(byte); });
+  return ok ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+bool isBase64(std::string_view text) {
+  bool any = false;
+  return decodeBase64(text, [&](std::uint8_t) { any = true; }) && any;
+}
+
+bool looksLikeBase64(std::string_view text) {
+  bool any = false;
+  for (const char c : text) {
+    const int value = kBase64Values[static_cast<unsigned char>(c)];
+    if (value == kForeign && c != '=') {
+      return false;
+    }
+    any = any || value != kSpace;
+  }
+  return any;
+}
+
+Decoded toUtf8(std::string bytes, std::string_view charset) {
+  const std::string name = ascii::upper(charset);
+  const bool unicode = name.empty() || name == "UTF-8" || name == "UTF8" || name == "US-ASCII";
+  if (unicode) {
+    return isUtf8(bytes) ? Decoded{std::move(bytes), {}} : mended(bytes, "is not UTF-8");
+  }
+  // What most writers call Latin-1 is its superset, as on the web.
+  const bool latin = name == "ISO-8859-1" || name == "LATIN1" || name == "ISO8859-1";
+  if (auto text = convert(bytes, latin ? "windows-1252" : name)) {
+    const bool broken = text->find(kReplacement) != std::string::npos;
+    return {std::move(*text),
+            broken ? "has bytes that are not " + name + "; they are replaced" : ""};
+  }
+  const std::string doubt = "has the unknown character set " + std::string(charset);
+  return isUtf8(bytes) ? Decoded{std::move(bytes), doubt + "; read as UTF-8"}
+                       : mended(bytes, doubt);
+}
+
+std::string fromPercentEncoding(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const int byte = text[at] == '%' ? hexByte(text, at + 1) : -1;
+    result += byte >= 0 ? static_cast<char>(byte) : text[at];
+    at += byte >= 0 ? 2 : 0;
+  }
+  return result;
+}
+
+}  // namespace zephyl::linux_host::vcard
