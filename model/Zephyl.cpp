@@ -1,0 +1,177 @@
+#include "model/Zephyl.h"
+
+#include <utility>
+
+#include "platform/Host.h"
+#include "platform/appsupport/CPDistributedMessagingCenter.h"
+#include "platform/foundation/Clock.h"
+#include "platform/foundation/Description.h"
+#include "platform/foundation/NSKeyedArchive.h"
+#include "platform/foundation/NSUserDefaults.h"
+
+#include "model/ZPLocalizedText.h"
+#include "model/ZephylKeys.h"
+#include "services/ZPUtils.h"
+
+namespace zephyl {
+
+namespace {
+
+constexpr char kLastIdentifierKey[] = "LAST_GEN_IDENTIFIER";
+constexpr char kPicturesDirectory[] = "/var/mobile/Library/Preferences/Zephyls";
+constexpr char kDefaultMaskedMessage[] =
+    "This message is protected by Zephyls and available in Messages app only.";
+
+}  // namespace
+
+Zephyl::Zephyl() {
+  setUniqueIdentifier();
+}
+
+Zephyl::Zephyl(const Dictionary& dictionary) {
+  setPropertiesFromDicitonary(dictionary);
+  if (identifier_ < 1) {
+    setUniqueIdentifier();
+  }
+}
+
+std::shared_ptr<Zephyl> Zephyl::copy() {
+  // Kept: the identifier that this takes is replaced at once, so the counter moves on by one.
+  auto copied = std::make_shared<Zephyl>();
+  copied->setPropertiesFromDicitonary(dictionaryRepresentation());
+  return copied;
+}
+
+void Zephyl::setUniqueIdentifier() {
+  const std::lock_guard lock(numbering_);
+  NSUserDefaults& defaults = host().userDefaults();
+  const std::int64_t last = defaults.integerForKey(kLastIdentifierKey);
+  const std::int64_t next = last < 1
+                                ? static_cast<std::int64_t>(host().clock().now())
+                                : static_cast<std::int64_t>(static_cast<std::uint64_t>(last) + 1);
+  setIdentifier(next);
+  defaults.setInteger(next, kLastIdentifierKey);
+  defaults.synchronize();
+}
+
+std::string Zephyl::description() {
+  return zephyl::description(Value(dictionaryRepresentation()));
+}
+
+std::string Zephyl::maskedMessage() const {
+  return maskedMessage_.empty() ? zpLocalizedText(kDefaultMaskedMessage) : maskedMessage_;
+}
+
+bool Zephyl::isPasswordProtected() {
+  if (ZPUtils::supportsTouchID()) {
+    return passwordProtected_;
+  }
+  setPasswordProtected(false);
+  return false;
+}
+
+UIImageRef Zephyl::headerImage() {
+  if (headerImage_ != nullptr) {
+    return headerImage_;
+  }
+  const std::string path = headerImagePath_.empty()
+                               ? std::string()
+                               : std::string(kPicturesDirectory) + "/" + headerImagePath_;
+  // Kept: the message bears the name of the data key, and every process sends it on every release.
+  const Dictionary userInfo{{kServiceMessageData, path}};
+  const auto reply = host().messagingCenter().sendMessageAndReceiveReplyName(
+      kZephylsMessageCenter, kServiceMessageData, &userInfo);
+  if (reply) {
+    if (const Value archive = (*reply)[kServiceMessageData]; archive.ifData() != nullptr) {
+      headerImage_ = unarchivedImage(*archive.ifData());
+    }
+  }
+  return headerImage_;
+}
+
+void Zephyl::setIdentifier(std::int64_t value) {
+  identifier_ = value;
+  carried_.remove(keys::kIdentifier);
+}
+
+void Zephyl::setTitle(std::string value) {
+  title_ = std::move(value);
+  carried_.remove(keys::kTitle);
+}
+
+void Zephyl::setSubTitle(std::string value) {
+  subTitle_ = std::move(value);
+  carried_.remove(keys::kSubTitle);
+}
+
+void Zephyl::setHeaderImagePath(std::string value) {
+  headerImagePath_ = std::move(value);
+  carried_.remove(keys::kHeaderImagePath);
+}
+
+void Zephyl::setBackGroundImagePath(std::string value) {
+  backGroundImagePath_ = std::move(value);
+  carried_.remove(keys::kBackGroundImagePath);
+}
+
+void Zephyl::setMarkerCode(std::string value) {
+  markerCode_ = std::move(value);
+  carried_.remove(keys::kMarkerCode);
+}
+
+void Zephyl::setMaskedMessage(std::string value) {
+  maskedMessage_ = std::move(value);
+  carried_.remove(keys::kMaskedMessage);
+}
+
+void Zephyl::setContacts(std::shared_ptr<const MemberSet> value) {
+  contacts_.store(std::move(value));
+  carried_.remove(keys::kContacts);
+}
+
+void Zephyl::setCreatedDate(std::optional<Date> value) {
+  createdDate_ = value;
+  carried_.remove(keys::kCreatedDate);
+}
+
+void Zephyl::setUpdatedDate(std::optional<Date> value) {
+  updatedDate_ = value;
+  carried_.remove(keys::kUpdatedDate);
+}
+
+void Zephyl::setEnabled(bool value) {
+  enabled_ = value;
+  carried_.remove(keys::kEnabled);
+}
+
+void Zephyl::setActive(bool value) {
+  active_ = value;
+  carried_.remove(keys::kActive);
+}
+
+void Zephyl::setSystem(bool value) {
+  system_ = value;
+  carried_.remove(keys::kSystem);
+}
+
+void Zephyl::setPasswordProtected(bool value) {
+  passwordProtected_ = value;
+  carried_.remove(keys::kPasswordProtected);
+}
+
+void Zephyl::setZephylSystemMode(std::int64_t value) {
+  zephylSystemMode_ = value;
+  carried_.remove(keys::kZephylSystemMode);
+}
+
+void Zephyl::setShouldHideConversationsInDefaultGroups(bool value) {
+  hidesInDefaultGroups_ = value;
+  carried_.remove(keys::kHidesInDefaultGroups);
+}
+
+void Zephyl::setShouldHideConversationsOnLockScreen(bool value) {
+  hidesOnLockScreen_ = value;
+  carried_.remove(keys::kHidesOnLockScreen);
+}
+
+}  // namespace zephyl

@@ -1,0 +1,33 @@
+// The keys of a group's dictionary, in the order in which they are written, and the names under
+// which groups travel between processes.
+
+#pragma once
+
+namespace zephyl {
+
+inline constexpr char kZephylsMessageCenter[] = "com.vantor.zephyls";
+inline constexpr char kServiceMessageData[] = "ZephylsServiceMessageData";
+
+namespace keys {
+
+inline constexpr char kIdentifier[] = "identifier";
+inline constexpr char kTitle[] = "title";
+inline constexpr char kSubTitle[] = "subTitle";
+inline constexpr char kHeaderImagePath[] = "headerImagePath";
+inline constexpr char kBackGroundImagePath[] = "backGroundImagePath";
+inline constexpr char kMarkerCode[] = "markerCode";
+inline constexpr char kCreatedDate[] = "createdDate";
+inline constexpr char kEnabled[] = "enabled";
+inline constexpr char kActive[] = "active";
+inline constexpr char kSystem[] = "system";
+inline constexpr char kPasswordProtected[] = "passwordProtected";
+inline constexpr char kZephylSystemMode[] = "zephylSystemMode";
+inline constexpr char kUpdatedDate[] = "updatedDate";
+inline constexpr char kContacts[] = "contacts";
+inline constexpr char kHidesInDefaultGroups[] = "shouldHideConversationsInDefaultGroups";
+inline constexpr char kHidesOnLockScreen[] = "shouldHideConversationsOnLockScreen";
+inline constexpr char kMaskedMessage[] = "maskedMessage";
+
+}  // namespace keys
+
+}  // namespace zephyl

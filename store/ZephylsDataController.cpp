@@ -1,0 +1,199 @@
+// Loading and saving.
+
+#include "store/ZephylsDataController.h"
+
+#include <array>
+#include <mutex>
+#include <set>
+#include <utility>
+
+#include "platform/Host.h"
+#include "platform/Once.h"
+#include "platform/appsupport/CPDistributedMessagingCenter.h"
+#include "platform/foundation/DarwinNotificationCenter.h"
+#include "platform/foundation/NSNotificationCenter.h"
+#include "platform/foundation/ProcessInfo.h"
+#include "platform/foundation/PropertyListFile.h"
+
+#include "model/ZPLocalizedText.h"
+#include "model/ZephylKeys.h"
+#include "services/ZPUtils.h"
+
+namespace zephyl {
+
+namespace {
+
+constexpr char kGroupsFile[] = "/var/mobile/Library/Preferences/com.vantor.zephyls-profiles.plist";
+constexpr char kGetMessage[] = "com.vantor.zephyls.groups.get";
+constexpr char kSaveMessage[] = "com.vantor.zephyls.groups.save";
+
+// From version 12 on only the system shell touches the groups file.
+bool goesThroughMessages() {
+  return ZPUtils::isIOS12() && host().processInfo().bundleIdentifier() != "com.apple.springboard";
+}
+
+Value askMessageCenter(const char* message, const Dictionary* userInfo) {
+  const auto reply = host().messagingCenter().sendMessageAndReceiveReplyName(kZephylsMessageCenter,
+                                                                             message, userInfo);
+  return reply ? (*reply)[kServiceMessageData] : Value();
+}
+
+void postEverywhere(const std::string& name, NotificationUserInfo userInfo) {
+  NSNotificationCenter::defaultCenter()->postNotificationName(name, std::move(userInfo));
+  host().darwinNotifications().post(name);
+}
+
+// The system groups, in the order in which they are made.
+ZephylVector makeSystemGroups(const std::set<std::int64_t>& present) {
+  const std::array<std::pair<ZephylSystemMode, Dictionary>, 5> all = {
+      {{ZephylSystemModeAll, Zephyl::allMessagesDictionaryRepresenation()},
+       {ZephylSystemModeFavorites, Zephyl::allFavoritesDictionaryRepresenation(nullptr)},
+       {ZephylSystemModeAllGroups, Zephyl::allGroupsDictionaryRepresenation()},
+       {ZephylSystemModeUnknown, Zephyl::allUnknownDictionaryRepresenation()},
+       {ZephylSystemModeKnown, Zephyl::allKnownDictionaryRepresenation()}}};
+  ZephylVector made;
+  for (const auto& [mode, dictionary] : all) {
+    if (!present.contains(mode)) {
+      made.push_back(std::make_shared<Zephyl>(dictionary));
+    }
+  }
+  return made;
+}
+
+Array dictionariesOf(const ZephylVector& groups) {
+  Array dictionaries;
+  dictionaries.reserve(groups.size());
+  for (const ZephylRef& group : groups) {
+    dictionaries.emplace_back(group->dictionaryRepresentation());
+  }
+  return dictionaries;
+}
+
+}  // namespace
+
+std::shared_ptr<ZephylsDataController> ZephylsDataController::sharedInstance() {
+  static Once<ZephylsDataController> shared;
+  bool made = false;
+  auto store = shared.get([&] {
+    made = true;
+    return std::make_shared<ZephylsDataController>();
+  });
+  // Outside the guard, since loading asks the host for conversations, and the host asks for the
+  // store again.
+  if (made) {
+    store->initialize();
+  }
+  return store;
+}
+
+ZephylsDataController::~ZephylsDataController() {
+  NSNotificationCenter::defaultCenter()->removeObserver(this);
+}
+
+void ZephylsDataController::initialize() {
+  loadZephyls();
+}
+
+std::optional<Array> ZephylsDataController::getAllGroups() {
+  if (!goesThroughMessages()) {
+    return arrayWithContentsOfFile(kGroupsFile);
+  }
+  const Value groups = askMessageCenter(kGetMessage, nullptr);
+  return groups.ifArray() == nullptr ? std::nullopt : std::optional(*groups.ifArray());
+}
+
+bool ZephylsDataController::saveGroupsDataToDisk(const Array& groups) {
+  if (!goesThroughMessages()) {
+    return writeToFile(groups, kGroupsFile);
+  }
+  const Dictionary userInfo{{kServiceMessageData, groups}};
+  return askMessageCenter(kSaveMessage, &userInfo).boolValue();
+}
+
+void ZephylsDataController::loadZephyls() {
+  const auto groups = std::make_shared<ZephylArray>();
+  zephyls_.store(groups);
+  const Array stored = getAllGroups().value_or(Array());
+  for (const Value& element : stored) {
+    // The file may hold anything; what is no group cannot be shown.
+    if (element.ifDictionary() == nullptr) {
+      continue;
+    }
+    const auto group = std::make_shared<Zephyl>(*element.ifDictionary());
+    groups->append({group});
+    if (group->isEnabled() && !group->isSystem()) {
+      group->loadAffiliatedConversations(/*inBackground=*/!group->isActive());
+    }
+  }
+  updateGroupsHasHideConvosStatus();
+}
+
+void ZephylsDataController::reloadAllZephyls() {
+  zephyls_.load()->removeAll();
+  loadZephyls();
+}
+
+bool ZephylsDataController::saveEveryGroup() {
+  const auto groups = zephyls_.load()->snapshot();
+  return saveGroupsDataToDisk(dictionariesOf(*groups));
+}
+
+bool ZephylsDataController::saveAllGroupsToDisk(const ZephylRef& payload, bool postNotification,
+                                                const std::string& notificationName) {
+  const bool saved = saveEveryGroup();
+  updateGroupsHasHideConvosStatus();
+  updateGroupsForUnreadCountStatus();
+  if (saved && postNotification) {
+    postEverywhere(notificationName, payload == nullptr
+                                         ? NotificationUserInfo()
+                                         : NotificationUserInfo{{kZephylsKey, payload}});
+  }
+  return saved;
+}
+
+bool ZephylsDataController::saveAllNewGroupsToDisk(const ZephylVector& groups,
+                                                   bool /*postNotification*/,
+                                                   const std::string& notificationName) {
+  if (groups.empty()) {
+    return false;
+  }
+  zephyls_.load()->append(groups);
+  const bool saved = saveEveryGroup();
+  updateGroupsHasHideConvosStatus();
+  // Kept: posted after a failed save too, and whatever the flag says.
+  postEverywhere(notificationName, {});
+  return saved;
+}
+
+void ZephylsDataController::createDefaultGroups() {
+  const Array stored = getAllGroups().value_or(Array());
+  if (stored.empty()) {
+    // Kept: straight to the file, without the list and without a notification.
+    saveGroupsDataToDisk(dictionariesOf(makeSystemGroups({})));
+    return;
+  }
+  const auto groups = zephyls_.load()->snapshot();
+  if (groups->empty()) {
+    return;
+  }
+  std::set<std::int64_t> present;
+  for (const ZephylRef& group : *groups) {
+    present.insert(group->zephylSystemMode());
+  }
+  saveAllNewGroupsToDisk(makeSystemGroups(present), /*postNotification=*/true,
+                         kZephylAddedNotification);
+}
+
+std::shared_ptr<NSBundle> ZephylsDataController::zephylsBundle() {
+  auto bundle = zephylsBundle_.load();
+  if (bundle == nullptr) {
+    bundle = NSBundle::bundleWithPath(kZephylsSettingsBundlePath);
+    if (bundle != nullptr) {
+      bundle->load();
+      zephylsBundle_.store(bundle);
+    }
+  }
+  return bundle;
+}
+
+}  // namespace zephyl
