@@ -1,0 +1,114 @@
+#include <chrono>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include <sys/stat.h>
+
+#include "hosts/contract/DeviceUnderTest.h"
+#include "hosts/contract/TemporaryFolder.h"
+#include "hosts/fake/FakeSystem.h"
+#include "hosts/linux/InProcessMessagingCenter.h"
+#include "hosts/linux/LinuxDevice.h"
+#include "hosts/linux/LinuxDispatch.h"
+
+namespace zephyl::contract {
+
+namespace {
+
+using linux_host::DeviceOptions;
+using linux_host::LinuxDevice;
+using linux_host::ScriptedAuthentication;
+
+// A log that outlives the device, which owns only this way to it.
+class ForwardedLog : public SystemLog {
+ public:
+  explicit ForwardedLog(SystemLog& target) : target_(target) {}
+  void log(const std::string& line) override { target_.log(line); }
+
+ private:
+  SystemLog& target_;
+};
+
+class LinuxUnderTest : public DeviceUnderTest {
+ public:
+  LinuxUnderTest() { start(); }
+  ~LinuxUnderTest() override { stop(); }
+  LinuxUnderTest(const LinuxUnderTest&) = delete;
+  LinuxUnderTest& operator=(const LinuxUnderTest&) = delete;
+
+  Host& host() override { return *device_; }
+
+  void settle() override { EXPECT_TRUE(device_->queues().runMainUntilIdle()); }
+
+  // What is waited for may happen on any thread and cause no event, so the time is also cut up.
+  bool passTimeUntil(const std::function<bool()>& condition) override {
+    constexpr int kTries = 3000;
+    for (int i = 0; i < kTries && !condition(); ++i) {
+      device_->queues().runMainUntil(condition, std::chrono::milliseconds(10));
+    }
+    return condition();
+  }
+
+  std::string makeUnreadableFile() override { return makeFifo("/unreadable"); }
+  std::string unwritableFile() override { return makeFifo("/unwritable"); }
+
+  void answer(const std::string& center, const std::string& name, Handler handler) override {
+    device_->messageServers().setHandler(center, name, std::move(handler));
+  }
+
+  void setBiometrics(Biometrics biometrics) override {
+    biometrics_ = biometrics;
+    restart();
+  }
+  void endChecks() override {}
+
+  void setSystemVersion(const std::string& version) override {
+    systemVersion_ = version;
+    restart();
+  }
+
+  std::vector<std::string> log() override { return log_.lines(); }
+
+ private:
+  void start() {
+    DeviceOptions options;
+    options.deviceRoot = root_.path();
+    options.systemVersion = systemVersion_;
+    options.systemLog = std::make_unique<ForwardedLog>(log_);
+    options.hasBiometrics = biometrics_ != Biometrics::kNone;
+    if (biometrics_ == Biometrics::kRecognizes) {
+      options.authenticate = [](const ScriptedAuthentication::Question&) { return std::nullopt; };
+    }
+    device_.emplace(std::move(options));
+    install(*device_);
+  }
+  void stop() {
+    uninstall();
+    device_.reset();
+  }
+  void restart() {
+    stop();
+    start();
+  }
+
+  // Even the superuser gets nothing out of it and nothing into it.
+  std::string makeFifo(const std::string& path) {
+    EXPECT_EQ(::mkfifo((root_.path() + path).c_str(), 0600), 0);
+    return path;
+  }
+
+  TemporaryFolder root_;
+  fake::FakeSystemLog log_;
+  Biometrics biometrics_ = Biometrics::kNone;
+  std::string systemVersion_ = "14.0";
+  std::optional<LinuxDevice> device_;
+};
+
+}  // namespace
+
+DeviceMaker linuxDeviceMaker() {
+  return {"Linux", [] { return std::make_unique<LinuxUnderTest>(); }};
+}
+
+}  // namespace zephyl::contract

@@ -1,0 +1,89 @@
+// A whole device on Linux: the seams served from a folder of the user's, Qt's event loop and the
+// session bus, and by what the program brings along.
+//
+// Made on the thread of the QCoreApplication, which must outlive it; installed by the program.
+// Costs nothing until it is asked: no file is read, no thread and no bus connection made.
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Host.h"
+#include "platform/addressbook/ABAddressBook.h"
+#include "platform/addressbook/ABFavorites.h"
+#include "platform/addressbook/ABPhoneFormatting.h"
+#include "platform/chatkit/CKConversationList.h"
+#include "platform/foundation/SystemLog.h"
+
+#include "hosts/linux/OverwriteGuard.h"
+#include "hosts/linux/ScriptedAuthentication.h"
+
+namespace zephyl::linux_host {
+
+class InProcessMessagingCenter;
+class LinuxDispatch;
+
+struct DeviceOptions {
+  std::string deviceRoot;  // the folder that stands for the phone's "/"
+  std::string overlay;     // the program's own files; empty: none
+
+  std::string systemVersion = "14.0";
+  std::string bundleIdentifier = "com.apple.MobileSMS";
+  std::vector<std::string> languages = {"en"};  // tags, the best first
+
+  // Not given: the system log of this machine, which `verbose` writes to standard error too.
+  std::unique_ptr<SystemLog> systemLog;
+  bool verbose = false;
+
+  // Whether the device has a fingerprint reader, and how a check on it ends; without a function it
+  // fails.
+  bool hasBiometrics = false;
+  ScriptedAuthentication::Answer authenticate;
+
+  OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite;
+
+  // Those not given are empty: no conversations, nobody in the address book, no favourites, no
+  // phone number formatted.
+  std::unique_ptr<CKConversationList> conversationList;
+  std::shared_ptr<ABAddressBook> addressBook;
+  std::unique_ptr<ABFavorites> favorites;
+  std::unique_ptr<ABPhoneFormatting> phoneFormatting;
+};
+
+class LinuxDevice : public Host {
+ public:
+  explicit LinuxDevice(DeviceOptions options);
+  ~LinuxDevice() override;
+  LinuxDevice(const LinuxDevice&) = delete;
+  LinuxDevice& operator=(const LinuxDevice&) = delete;
+
+  NSFileManager& files() override;
+  NSUserDefaults& userDefaults() override;
+  Clock& clock() override;
+  Dispatch& dispatch() override;
+  SystemLog& systemLog() override;
+  DarwinNotificationCenter& darwinNotifications() override;
+  ProcessInfo& processInfo() override;
+  CPDistributedMessagingCenter& messagingCenter() override;
+  UIDevice& device() override;
+  AudioServices& audioServices() override;
+  CKConversationList& conversationList() override;
+  std::shared_ptr<ABAddressBook> addressBook() override;
+  ABFavorites& favorites() override;
+  ABPhoneFormatting& phoneFormatting() override;
+  std::shared_ptr<LAContext> makeLAContext() override;
+
+  // What programs do beyond the seams: run the queues without an event loop, serve messages.
+  [[nodiscard]] LinuxDispatch& queues();
+  [[nodiscard]] InProcessMessagingCenter& messageServers();
+
+ private:
+  struct Parts;
+
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace zephyl::linux_host

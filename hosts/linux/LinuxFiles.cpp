@@ -1,0 +1,48 @@
+#include "hosts/linux/LinuxFiles.h"
+
+#include <filesystem>
+#include <set>
+#include <system_error>
+#include <utility>
+
+#include "platform/foundation/SystemLog.h"
+
+namespace zephyl::linux_host {
+
+namespace fs = std::filesystem;
+
+LinuxFiles::LinuxFiles(const DeviceRoot& root, SystemLog& log, Clock& clock,
+                       OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite)
+    : root_(root), log_(log), access_(root, log, clock, std::move(needsCopyBeforeOverwrite)) {}
+
+std::optional<std::string> LinuxFiles::contentsAtPath(const std::string& path) {
+  return access_.read(path);
+}
+
+bool LinuxFiles::writeToFile(const std::string& path, const std::string& contents) {
+  return access_.write(path, contents, WriteMode::kInPlace);
+}
+
+bool LinuxFiles::fileExistsAtPath(const std::string& path) {
+  const DeviceLocation location = root_.forReading(path);
+  std::error_code error;
+  return location.refusal.empty() && fs::exists(location.path, error);
+}
+
+std::vector<std::string> LinuxFiles::contentsOfDirectoryAtPath(const std::string& path) {
+  std::set<std::string> names;
+  for (const std::string& folder : root_.foldersOf(path)) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+      names.insert(entry->path().filename().string());
+    }
+    if (error && error != std::errc::no_such_file_or_directory &&
+        error != std::errc::not_a_directory) {
+      log_.log(path + ": not listed: " + folder + ": " + error.message());
+    }
+  }
+  return {names.begin(), names.end()};
+}
+
+}  // namespace zephyl::linux_host
