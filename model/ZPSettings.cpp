@@ -19,11 +19,11 @@ ZPSettings::ZPSettings() {
 void ZPSettings::loadSettings() {
   const Dictionary settings =
       dictionaryWithContentsOfFile(ZPUtils::settingsFilePath()).value_or(Dictionary());
-  setZephylsEnabled(settings["ZephylsEnabled"].boolValue());
-  setZephylsSortBy(settings["ZephylsSortBy"].integerValue());
-  setZephylsSortOrder(settings["ZephylsSortOrder"].integerValue());
-  setRememberUnlcokSession(settings["ZPRememberUnlockSessionEnabled"].boolValue());
-  setUnlockSessionTime(settings["ZPRememberUnlockSessionTime"].floatValue());
+  setZephylsEnabled(settings[settings_keys::kEnabled].boolValue());
+  setZephylsSortBy(settings[settings_keys::kSortBy].integerValue());
+  setZephylsSortOrder(settings[settings_keys::kSortOrder].integerValue());
+  setRememberUnlcokSession(settings[settings_keys::kRememberSession].boolValue());
+  setUnlockSessionTime(settings[settings_keys::kSessionTime].floatValue());
 }
 
 }  // namespace zephyl

@@ -11,6 +11,17 @@
 
 namespace zephyl {
 
+// The keys of the settings file.
+namespace settings_keys {
+
+inline constexpr char kEnabled[] = "ZephylsEnabled";
+inline constexpr char kSortBy[] = "ZephylsSortBy";
+inline constexpr char kSortOrder[] = "ZephylsSortOrder";
+inline constexpr char kRememberSession[] = "ZPRememberUnlockSessionEnabled";
+inline constexpr char kSessionTime[] = "ZPRememberUnlockSessionTime";
+
+}  // namespace settings_keys
+
 class ZP_EXPORT ZPSettings {
  public:
   // Made once per process; any thread.

@@ -18,7 +18,6 @@ namespace zephyl {
 namespace {
 
 constexpr char kLastIdentifierKey[] = "LAST_GEN_IDENTIFIER";
-constexpr char kPicturesDirectory[] = "/var/mobile/Library/Preferences/Zephyls";
 constexpr char kDefaultMaskedMessage[] =
     "This message is protected by Zephyls and available in Messages app only.";
 
@@ -76,7 +75,7 @@ UIImageRef Zephyl::headerImage() {
   }
   const std::string path = headerImagePath_.empty()
                                ? std::string()
-                               : std::string(kPicturesDirectory) + "/" + headerImagePath_;
+                               : std::string(kGroupPicturesDirectory) + "/" + headerImagePath_;
   // Kept: the message bears the name of the data key, and every process sends it on every release.
   const Dictionary userInfo{{kServiceMessageData, path}};
   const auto reply = host().messagingCenter().sendMessageAndReceiveReplyName(

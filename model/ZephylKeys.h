@@ -1,11 +1,19 @@
-// The keys of a group's dictionary, in the order in which they are written, and the names under
-// which groups travel between processes.
+// The keys of a group's dictionary, in the order in which they are written, the phone's paths of
+// what is stored, and the names under which groups travel between processes.
 
 #pragma once
 
 namespace zephyl {
 
+inline constexpr char kGroupsFilePath[] =
+    "/var/mobile/Library/Preferences/com.vantor.zephyls-profiles.plist";
+inline constexpr char kGroupPicturesDirectory[] = "/var/mobile/Library/Preferences/Zephyls";
+
 inline constexpr char kZephylsMessageCenter[] = "com.vantor.zephyls";
+inline constexpr char kGetGroupsMessage[] = "com.vantor.zephyls.groups.get";
+inline constexpr char kSaveGroupsMessage[] = "com.vantor.zephyls.groups.save";
+// The key of what every message and reply carries. Kept: it is also the name of the message that
+// asks for a group's picture.
 inline constexpr char kServiceMessageData[] = "ZephylsServiceMessageData";
 
 namespace keys {

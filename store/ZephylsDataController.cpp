@@ -23,10 +23,6 @@ namespace zephyl {
 
 namespace {
 
-constexpr char kGroupsFile[] = "/var/mobile/Library/Preferences/com.vantor.zephyls-profiles.plist";
-constexpr char kGetMessage[] = "com.vantor.zephyls.groups.get";
-constexpr char kSaveMessage[] = "com.vantor.zephyls.groups.save";
-
 // From version 12 on only the system shell touches the groups file.
 bool goesThroughMessages() {
   return ZPUtils::isIOS12() && host().processInfo().bundleIdentifier() != "com.apple.springboard";
@@ -96,18 +92,18 @@ void ZephylsDataController::initialize() {
 
 std::optional<Array> ZephylsDataController::getAllGroups() {
   if (!goesThroughMessages()) {
-    return arrayWithContentsOfFile(kGroupsFile);
+    return arrayWithContentsOfFile(kGroupsFilePath);
   }
-  const Value groups = askMessageCenter(kGetMessage, nullptr);
+  const Value groups = askMessageCenter(kGetGroupsMessage, nullptr);
   return groups.ifArray() == nullptr ? std::nullopt : std::optional(*groups.ifArray());
 }
 
 bool ZephylsDataController::saveGroupsDataToDisk(const Array& groups) {
   if (!goesThroughMessages()) {
-    return writeToFile(groups, kGroupsFile);
+    return writeToFile(groups, kGroupsFilePath);
   }
   const Dictionary userInfo{{kServiceMessageData, groups}};
-  return askMessageCenter(kSaveMessage, &userInfo).boolValue();
+  return askMessageCenter(kSaveGroupsMessage, &userInfo).boolValue();
 }
 
 void ZephylsDataController::loadZephyls() {
