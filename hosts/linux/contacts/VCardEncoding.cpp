@@ -9,6 +9,8 @@
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
+#include "platform/foundation/Utf8.h"
+
 #include "hosts/linux/contacts/AsciiText.h"
 
 namespace zephyl::linux_host::vcard {
@@ -56,19 +58,6 @@ constexpr std::array<std::int8_t, 256> base64Values() {
 constexpr std::array<std::int8_t, 256> kBase64Values = base64Values();
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-void appendUtf8(std::string& text, char32_t c) {
-  const auto tail = [c](unsigned shift) { return static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-  if (c < 0x80) {
-    text += static_cast<char>(c);
-  } else if (c < 0x800) {
-    text += {static_cast<char>(0xC0 | (c >> 6)), tail(0)};
-  } else if (c < 0x10000) {
-    text += {static_cast<char>(0xE0 | (c >> 12)), tail(6), tail(0)};
-  } else {
-    text += {static_cast<char>(0xF0 | (c >> 18)), tail(12), tail(6), tail(0)};
-  }
-}
 
 // Gives `take` each byte; false when the text is no proper base64.
 template <class Take>
@@ -129,38 +118,16 @@ std::optional<std::string> convert(std::string_view bytes, const std::string& ch
   return unicode.toUTF8String(text);
 }
 
-// Where a valid character ends that starts at `at`; `at` itself when none does.
-std::size_t characterEnd(std::string_view text, std::size_t at) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned lead = byte(at);
-  if (lead < 0x80) {
-    return at + 1;
-  }
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC2 || lead > 0xF4 || at + length > text.size()) {
-    return at;
-  }
-  // The second byte's range leaves out overlong forms, surrogates and what is above U+10FFFF.
-  const unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-  const unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-  for (std::size_t i = 1; i < length; ++i) {
-    if (byte(at + i) < (i == 1 ? low : 0x80U) || byte(at + i) > (i == 1 ? high : 0xBFU)) {
-      return at;
-    }
-  }
-  return at + length;
-}
-
 // Text that was UTF-8 once has some such characters left; else it is the one-byte set that most
 // old writers used.
 Decoded mended(std::string_view bytes, const std::string& doubt) {
   std::string text;
   bool hasLong = false;
   for (std::size_t at = 0; at < bytes.size();) {
-    const std::size_t end = characterEnd(bytes, at);
-    text += end == at ? kReplacement : bytes.substr(at, end - at);
-    hasLong = hasLong || end > at + 1;
-    at = std::max(end, at + 1);
+    const std::size_t length = utf8CharacterAt(bytes, at).length;
+    text += length == 0 ? kReplacement : bytes.substr(at, length);
+    hasLong = hasLong || length > 1;
+    at += std::max<std::size_t>(length, 1);
   }
   if (hasLong) {
     return {std::move(text), doubt + "; the broken bytes are replaced"};
@@ -172,14 +139,7 @@ Decoded mended(std::string_view bytes, const std::string& doubt) {
 }  // namespace
 
 bool isUtf8(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = characterEnd(text, at);
-    if (end == at) {
-      return false;
-    }
-    at = end;
-  }
-  return true;
+  return findInvalidUtf8(text) == std::string_view::npos;
 }
 
 void appendUtf16(std::string& text, std::string_view bytes, bool bigEndian) {
