@@ -33,7 +33,7 @@ CREATE TEMP VIEW entry AS
          NULL AS body, NULL AS about, NULL AS reaction, NULL AS attachments;
 CREATE TEMP VIEW said AS SELECT NULL AS at, NULL AS who, NULL AS says;
 CREATE TEMP VIEW unread AS SELECT NULL AS at, NULL AS who, NULL AS says;
-CREATE TEMP VIEW rich AS SELECT NULL AS at, NULL AS who, NULL AS body;
+CREATE TEMP VIEW rich AS SELECT NULL AS at, NULL AS who, NULL AS says;
 CREATE TEMP VIEW picture AS
   SELECT NULL AS at, NULL AS who, NULL AS file, NULL AS size, NULL AS says;
 CREATE TEMP VIEW tapback AS SELECT NULL AS at, NULL AS who, NULL AS kind, NULL AS about;
@@ -113,8 +113,23 @@ CREATE TEMP TRIGGER say_unread INSTEAD OF INSERT ON unread BEGIN
   INSERT INTO entry VALUES (new.at, new.who, new.says, 0, 0, NULL, NULL, NULL, 0, 0);
 END;
 
+-- Recent phones often leave the text column empty and write only this archive: a header and two
+-- class names, the text after its length in bytes, and one run of attributes after its length in
+-- characters. Both lengths fit in one byte here, so the text must be short and without emoji.
 CREATE TEMP TRIGGER say_richly INSTEAD OF INSERT ON rich BEGIN
-  INSERT INTO entry VALUES (new.at, new.who, NULL, 1, 0, NULL, new.body, NULL, 0, 0);
+  SELECT RAISE(ABORT, 'a rich line of more than 127 bytes')
+   WHERE length(CAST(new.says AS BLOB)) > 127;
+  INSERT INTO entry
+    SELECT new.at, new.who, NULL, 1, 0, NULL,
+           CAST(X'040B73747265616D747970656481E803840140848484124E534174747269627574656453747269'
+             || X'6E67008484084E534F626A656374008592848484084E53537472696E67019484012B'
+             || char(length(CAST(new.says AS BLOB))) || new.says
+             || X'868402694901' || char(length(new.says))
+             || X'928484840C4E5344696374696F6E617279009484016901928496961D5F5F6B494D4D6573736167'
+             || X'65506172744174747269627574654E616D658692848484084E534E756D626572008484074E5356'
+             || X'616C7565009484012A84999900868686'
+             AS BLOB),
+           NULL, 0, 0;
 END;
 
 -- The text holds one mark (U+FFFC) where the picture stands.

@@ -89,7 +89,7 @@ INSERT INTO chat_of (nick, guid, service, people, filtered) VALUES
   ('lucky',    'SMS;-;+18085550123',                 'SMS',      'lucky', 2);
 
 INSERT INTO chat_of (nick, guid, service, people, title) VALUES
-  ('family',   'iMessage;+;chat210305000001', 'iMessage', 'mum papa lena oma knut babette', 'Family'),
+  ('family',   'iMessage;+;chat210305000001', 'iMessage', 'mum papa lena oma knut babette sam', 'Family'),
   ('cake',     'iMessage;+;chat210305000002', 'iMessage', 'babette zoe mateo fiorenzo bakery',
    '🤫 Operation Cake'),
   ('sisters',  'iMessage;+;chat210305000003', 'iMessage', 'lena zoe', NULL),
