@@ -9,8 +9,8 @@ namespace zephyl::linux_host {
 namespace {
 
 constexpr int kStepsInAUnit = 1000;
-constexpr std::int64_t kStepsOfAnyFile = 100'000'000;
-constexpr std::int64_t kStepsForAByte = 16;
+constexpr std::int64_t kStepsOfAnyFile = 10'000'000;
+constexpr std::int64_t kStepsForAByte = 4;
 constexpr std::int64_t kLengthOfAnyFile = 1'000'000;
 constexpr std::int64_t kLongestLength = 1'000'000'000;
 

@@ -57,8 +57,14 @@ void ConversationReader::readChats() {
   auto row = database_.prepare("SELECT " + columns + " FROM chat");
   while (row.next()) {
     auto chat = chatIn(row);
-    if (chat && indexes_.try_emplace(chat->record.rowID, chats_.size()).second) {
+    if (!chat) {
+      continue;
+    }
+    if (indexes_.try_emplace(chat->record.rowID, chats_.size()).second) {
       chats_.push_back(*std::move(chat));
+    } else {
+      notes_.add("chat", chat->record.rowID,
+                 "is there twice, so the file is damaged; left out once");
     }
   }
 }
@@ -85,6 +91,8 @@ std::optional<ConversationReader::Chat> ConversationReader::chatIn(const Stateme
   if (style != kGroupStyle && style != kSingleStyle) {
     record.isGroup = isGroupGuid(record.rawGuid) || !row.text(5).value_or(std::string()).empty();
   }
+  // A null is no junk, though the phone's own comparison takes it for such: better one unread
+  // conversation too many than one that never shows.
   chat.isJunk = row.integer(7) == kJunkFilter;
   return chat;
 }

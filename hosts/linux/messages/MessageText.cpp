@@ -1,12 +1,15 @@
 #include "hosts/linux/messages/MessageText.h"
 
+#include <utility>
+
 #include "hosts/linux/messages/TypedStream.h"
 #include "hosts/linux/messages/Utf8Text.h"
 
 namespace zephyl::linux_host {
 namespace {
 
-std::string withoutAttachmentMarks(std::string text) {
+MessageText shown(std::string_view bytes) {
+  const std::string text = wellFormedUtf8(bytes);
   constexpr std::string_view kMark = "\xEF\xBF\xBC";
   std::string rest;
   std::size_t from = 0;
@@ -14,22 +17,22 @@ std::string withoutAttachmentMarks(std::string text) {
     rest.append(text, from, at - from);
     from = at + kMark.size();
   }
-  return from == 0 ? text : rest.append(text, from);
+  rest.append(text, from);
+  return {.text = std::move(rest), .isRepaired = text != bytes};
 }
 
 }  // namespace
 
-std::optional<std::string> messageText(std::string_view text,
-                                       std::span<const std::byte> attributedBody) {
-  std::string plain = withoutAttachmentMarks(wellFormedUtf8(text));
-  if (!plain.empty() || attributedBody.empty()) {
+MessageText messageText(std::string_view text, std::span<const std::byte> attributedBody) {
+  MessageText plain = shown(text);
+  if (!plain.text->empty() || attributedBody.empty()) {
     return plain;
   }
-  if (auto decoded = TypedStream::text(attributedBody)) {
-    return withoutAttachmentMarks(*std::move(decoded));
+  if (const auto decoded = TypedStream::text(attributedBody)) {
+    return shown(*decoded);
   }
   // A plain column of marks alone has said it all.
-  return text.empty() ? std::nullopt : std::optional(std::move(plain));
+  return text.empty() ? MessageText() : plain;
 }
 
 }  // namespace zephyl::linux_host

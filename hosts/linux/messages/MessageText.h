@@ -10,11 +10,18 @@
 
 namespace zephyl::linux_host {
 
-// The text without the marks that stand for attachments (U+FFFC). `text` is the plain column, empty
-// when it is null; `attributedBody` the archive beside it, which recent releases write alone.
-// Empty when the message consists of attachments or of nothing; null when only the archive could
-// tell and it cannot be read.
-[[nodiscard]] std::optional<std::string> messageText(std::string_view text,
-                                                     std::span<const std::byte> attributedBody);
+struct MessageText {
+  // Well-formed UTF-8 without the marks that stand for attachments (U+FFFC). Empty when the message
+  // consists of attachments or of nothing; null when only the archive could tell and it cannot be
+  // read.
+  std::optional<std::string> text;
+  // Whether the text is not UTF-8 in the database, and had to be repaired.
+  bool isRepaired = false;
+};
+
+// `text` is the plain column, `attributedBody` the archive beside it, which recent releases write
+// alone; both are empty when they are null.
+[[nodiscard]] MessageText messageText(std::string_view text,
+                                      std::span<const std::byte> attributedBody);
 
 }  // namespace zephyl::linux_host

@@ -26,16 +26,21 @@ DatabaseResult<MessagesReading> MessagesDatabase::conversations() {
 }
 
 DatabaseResult<MessagesReading> MessagesDatabase::read(const std::string& path) {
-  const auto attempt = [&path](Access access) -> std::pair<DatabaseResult<MessagesReading>, bool> {
-    auto database = open(path, access);
-    if (!database.ok()) {
-      return {database.error(), false};
-    }
-    auto reading = database.value().conversations();
-    return {std::move(reading), database.value().sourceChanged()};
-  };
-  auto [reading, changed] = attempt(Access::kInPlaceWhenSafe);
-  return changed ? attempt(Access::kPrivateCopy).first : std::move(reading);
+  const SourceFiles before(path);
+  auto database = open(path);
+  auto reading = listOf(database);
+  const bool isStale = database.ok() ? database.value().sourceChanged() : !before.unchanged();
+  if (!isStale) {
+    return reading;
+  }
+  auto copy = open(path, Access::kPrivateCopy);
+  return listOf(copy);
+}
+
+DatabaseResult<MessagesReading> MessagesDatabase::listOf(
+    DatabaseResult<MessagesDatabase>& database) {
+  return database.ok() ? database.value().conversations()
+                       : DatabaseResult<MessagesReading>(database.error());
 }
 
 }  // namespace zephyl::linux_host

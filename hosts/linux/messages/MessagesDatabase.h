@@ -40,6 +40,9 @@ class MessagesDatabase {
   [[nodiscard]] const MessagesSchema& schema() const { return schema_; }
 
  private:
+  [[nodiscard]] static DatabaseResult<MessagesReading> listOf(
+      DatabaseResult<MessagesDatabase>& database);
+
   MessagesDatabase(ReadOnlyDatabase database, MessagesSchema schema);
 
   ReadOnlyDatabase database_;

@@ -113,51 +113,68 @@ void NewestMessages::readUnread(std::vector<ChatMessages>& chats) {
   }
 }
 
+// In rounds: each looks at the next message of every chat that is not settled, in the order in
+// which the file holds them. Most chats are settled by the first round.
 void NewestMessages::readNewest(std::vector<ChatMessages>& chats) {
-  // A link without a time sorts behind all others; among equals the later row is the newer.
-  const auto newestFirst = [](const Link& left, const Link& right) {
-    return std::tie(left.chat, right.time, right.message) <
-           std::tie(right.chat, left.time, left.message);
-  };
-  std::sort(links_.begin(), links_.end(), newestFirst);
+  std::vector<Cursor> cursors = sortLinks();
   auto message = database_.prepare("SELECT " + schema_.select("message", "item_type") + ", " +
                                    schema_.select("message", "associated_message_type") +
                                    ", text, " + schema_.select("message", "attributedbody") +
                                    " FROM message WHERE ROWID = ?1");
-  for (auto first = links_.begin(); first != links_.end();) {
-    const auto last = std::find_if(first, links_.end(),
-                                   [&first](const Link& link) { return link.chat != first->chat; });
-    readChat({first, last}, message, chats[first->chat]);
-    first = last;
+  while (!cursors.empty()) {
+    std::sort(cursors.begin(), cursors.end(), [this](const Cursor& left, const Cursor& right) {
+      return links_[left.at].message < links_[right.at].message;
+    });
+    std::vector<Cursor> unsettled;
+    for (Cursor cursor : cursors) {
+      const Link& link = links_[cursor.at];
+      message.bind(1, link.message);
+      const bool isSettled = message.next() && lookAt(message, link, cursor, chats[link.chat]);
+      if (!isSettled && ++cursor.at < cursor.end) {
+        unsettled.push_back(cursor);
+      }
+    }
+    cursors = std::move(unsettled);
   }
 }
 
-void NewestMessages::readChat(std::span<const Link> newestFirst, Statement& message,
-                              ChatMessages& chat) {
-  bool isNewest = true;
-  for (const Link& link : newestFirst) {
-    message.bind(1, link.message);
-    if (!message.next()) {
-      continue;
+// By chat, the newest first, with a cursor for each chat. A link without a time comes behind all
+// others; among equals the later row is the newer.
+std::vector<NewestMessages::Cursor> NewestMessages::sortLinks() {
+  std::sort(links_.begin(), links_.end(), [](const Link& left, const Link& right) {
+    return std::tie(left.chat, right.time, right.message) <
+           std::tie(right.chat, left.time, left.message);
+  });
+  std::vector<Cursor> cursors;
+  for (std::size_t index = 0; index < links_.size(); ++index) {
+    if (index == 0 || links_[index].chat != links_[index - 1].chat) {
+      cursors.push_back({.at = index});
     }
-    if (std::exchange(isNewest, /*new_value=*/false)) {
-      chat.newest = link.time;
-    }
-    const std::int64_t reaction = message.integer(1).value_or(0);
-    if (message.integer(0).value_or(0) != 0 ||
-        (reaction >= kFirstReaction && reaction <= kLastReaction)) {
-      continue;
-    }
-    if (!message.isWellFormed(2)) {
-      notes_.add("message", link.message, "text is not valid UTF-8; repaired");
-    }
-    const std::string text = message.text(2).value_or(std::string());
-    chat.text = messageText(text, message.blob(3));
-    if (!chat.text) {
-      notes_.add("message", link.message, "attributedBody cannot be read; the text is unknown");
-    }
-    return;
+    cursors.back().end = index + 1;
   }
+  return cursors;
+}
+
+// Whether the chat is settled with this message.
+bool NewestMessages::lookAt(const Statement& message, const Link& link, Cursor& cursor,
+                            ChatMessages& chat) {
+  if (!std::exchange(cursor.hasNewest, /*new_value=*/true)) {
+    chat.newest = link.time;
+  }
+  const std::int64_t reaction = message.integer(1).value_or(0);
+  if (message.integer(0).value_or(0) != 0 ||
+      (reaction >= kFirstReaction && reaction <= kLastReaction)) {
+    return false;
+  }
+  auto [text, isRepaired] = messageText(message.bytes(2), message.blob(3));
+  if (isRepaired) {
+    notes_.add("message", link.message, "the text is not valid UTF-8; repaired");
+  }
+  chat.text = std::move(text);
+  if (!chat.text) {
+    notes_.add("message", link.message, "attributedBody cannot be read; the text is unknown");
+  }
+  return true;
 }
 
 }  // namespace zephyl::linux_host

@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -46,12 +45,20 @@ class NewestMessages {
     std::optional<MessageTime> time;
   };
 
+  // The links of one chat that are still to be looked at.
+  struct Cursor {
+    std::size_t at = 0;
+    std::size_t end = 0;
+    bool hasNewest = false;
+  };
+
   std::optional<MessageTime> timeIn(const Statement& row, int column, std::int64_t message);
   void readLinks();
   void readMissingTimes();
   void readUnread(std::vector<ChatMessages>& chats);
   void readNewest(std::vector<ChatMessages>& chats);
-  void readChat(std::span<const Link> newestFirst, Statement& message, ChatMessages& chat);
+  [[nodiscard]] std::vector<Cursor> sortLinks();
+  bool lookAt(const Statement& message, const Link& link, Cursor& cursor, ChatMessages& chat);
 
   ReadOnlyDatabase& database_;
   const MessagesSchema& schema_;

@@ -83,32 +83,32 @@ std::optional<std::int64_t> Statement::integer(int column) const {
     case SQLITE_FLOAT:
       return wholePart(sqlite3_column_double(statement_.get(), column));
     case SQLITE_TEXT:
-      return numberIn(characters(column));
+      return numberIn(bytes(column));
     default:
       return std::nullopt;
   }
 }
 
 std::optional<std::string> Statement::text(int column) const {
-  return isNull(column) ? std::nullopt : std::optional(wellFormedUtf8(characters(column)));
+  return isNull(column) ? std::nullopt : std::optional(wellFormedUtf8(bytes(column)));
 }
 
 bool Statement::isWellFormed(int column) const {
-  return isWellFormedUtf8(characters(column));
+  return isWellFormedUtf8(bytes(column));
 }
 
 std::span<const std::byte> Statement::blob(int column) const {
-  return std::as_bytes(std::span(characters(column)));
+  return std::as_bytes(std::span(bytes(column)));
 }
 
-std::string_view Statement::characters(int column) const {
+std::string_view Statement::bytes(int column) const {
   sqlite3_stmt* const statement = statement_.get();
   // Asked for as text first, a text comes in UTF-8 whatever the file's own encoding.
-  const void* bytes = sqlite3_column_type(statement, column) == SQLITE_BLOB
-                          ? sqlite3_column_blob(statement, column)
-                          : static_cast<const void*>(sqlite3_column_text(statement, column));
+  const void* data = sqlite3_column_type(statement, column) == SQLITE_BLOB
+                         ? sqlite3_column_blob(statement, column)
+                         : static_cast<const void*>(sqlite3_column_text(statement, column));
   const int size = sqlite3_column_bytes(statement, column);
-  return {static_cast<const char*>(bytes), bytes ? static_cast<std::size_t>(size) : 0};
+  return {static_cast<const char*>(data), data ? static_cast<std::size_t>(size) : 0};
 }
 
 }  // namespace zephyl::linux_host

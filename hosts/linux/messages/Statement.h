@@ -44,13 +44,12 @@ class Statement {
   // Whether text() gives what the file holds, unrepaired.
   [[nodiscard]] bool isWellFormed(int column) const;
 
-  // The bytes of a blob, a text or a number's text; empty for a null. Valid until next(), bind() or
+  // The bytes of a blob or of a text, unrepaired; empty for a null. Valid until next(), bind() or
   // the end of the statement.
+  [[nodiscard]] std::string_view bytes(int column) const;
   [[nodiscard]] std::span<const std::byte> blob(int column) const;
 
  private:
-  [[nodiscard]] std::string_view characters(int column) const;
-
   struct Finalizer {
     void operator()(sqlite3_stmt* statement) const;
   };

@@ -6,8 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "hosts/linux/messages/Utf8Text.h"
-
 namespace zephyl::linux_host {
 namespace {
 
@@ -24,7 +22,7 @@ class Reader {
  public:
   explicit Reader(std::string_view bytes) : bytes_(bytes) {}
 
-  std::optional<std::string> text();
+  std::optional<std::string_view> text();
 
  private:
   struct Entry {
@@ -193,7 +191,7 @@ bool Reader::header() {
   return size && take(*size) == "streamtyped" && length().has_value();
 }
 
-std::optional<std::string> Reader::text() {
+std::optional<std::string_view> Reader::text() {
   if (!header() || sharedText() != "@") {
     return std::nullopt;
   }
@@ -206,13 +204,12 @@ std::optional<std::string> Reader::text() {
     return std::nullopt;
   }
   const auto size = length();
-  const auto characters = size ? take(*size) : std::nullopt;
-  return characters ? std::optional(wellFormedUtf8(*characters)) : std::nullopt;
+  return size ? take(*size) : std::nullopt;
 }
 
 }  // namespace
 
-std::optional<std::string> TypedStream::text(std::span<const std::byte> archive) {
+std::optional<std::string_view> TypedStream::text(std::span<const std::byte> archive) {
   return Reader({reinterpret_cast<const char*>(archive.data()), archive.size()}).text();
 }
 

@@ -6,16 +6,17 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <string>
+#include <string_view>
 
 namespace zephyl::linux_host {
 
 class TypedStream {
  public:
-  // The text of the archived string or attributed string, well-formed UTF-8. Null when the bytes
-  // are no such archive, hold another class, or end early: an unknown text is never an empty one.
-  // Any bytes may be given; work and memory are bounded by their number.
-  [[nodiscard]] static std::optional<std::string> text(std::span<const std::byte> archive);
+  // The text of the archived string or attributed string: the bytes that stand in the archive,
+  // meant to be UTF-8 but not checked. Null when the bytes are no such archive, hold another class,
+  // or end early: an unknown text is never an empty one. Any bytes may be given; work and memory
+  // are bounded by their number.
+  [[nodiscard]] static std::optional<std::string_view> text(std::span<const std::byte> archive);
 };
 
 }  // namespace zephyl::linux_host
