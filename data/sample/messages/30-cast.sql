@@ -1,5 +1,5 @@
 -- Everybody who writes to Robin. All numbers come from the ranges that the countries keep free for
--- films and books; nobody will ever answer them.
+-- films and books, and the short codes begin with 1, as no real one does. Nobody will ever answer.
 
 INSERT INTO person (nick, address, country) VALUES
   -- the family
@@ -36,9 +36,9 @@ INSERT INTO person (nick, address, country) VALUES
   ('fiorenzo', '+16465550185',           'us'),
   ('vet',      '+17185550171',           'us'),
   -- in no address book
-  ('bank',     '28300',                  'us'),
-  ('parcel',   '78225',                  'us'),
-  ('library',  '54227',                  'us'),
+  ('bank',     '18300',                  'us'),
+  ('parcel',   '18225',                  'us'),
+  ('library',  '14227',                  'us'),
   ('dentist',  '+12125550187',           'us'),
   ('stranger', '+13055550148',           'us'),
   ('tuner',    'piano.tuner@example.net', NULL),
@@ -77,9 +77,9 @@ INSERT INTO chat_of (nick, guid, service, people) VALUES
   ('bakery',   'SMS;-;+17185550193',              'SMS',      'bakery'),
   ('fiorenzo', 'any;-;+16465550185',              'iMessage', 'fiorenzo'),
   ('vet',      'SMS;-;+17185550171',              'SMS',      'vet'),
-  ('bank',     'SMS;-;28300',                     'SMS',      'bank'),
-  ('parcel',   'SMS;-;78225',                     'SMS',      'parcel'),
-  ('library',  'SMS;-;54227',                     'SMS',      'library'),
+  ('bank',     'SMS;-;18300',                     'SMS',      'bank'),
+  ('parcel',   'SMS;-;18225',                     'SMS',      'parcel'),
+  ('library',  'SMS;-;14227',                     'SMS',      'library'),
   ('dentist',  'SMS;-;+12125550187',              'SMS',      'dentist'),
   ('stranger', 'SMS;-;+13055550148',              'SMS',      'stranger');
 
