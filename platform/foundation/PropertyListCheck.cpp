@@ -53,7 +53,9 @@ std::string withWay(std::string reason, const std::vector<WritingStep>& steps) {
     if (steps[i].array != nullptr) {
       reason += "[" + std::to_string(last) + "]";
     } else {
-      reason += (i == 0 ? "" : ".") + steps[i].entryAt(last).first;
+      const std::string& key = steps[i].entryAt(last).first;
+      reason += i == 0 ? "" : ".";
+      reason += findInvalidUtf8(key) == std::string::npos ? key : "?";
     }
   }
   return steps.size() > kShown ? reason + "..." : reason;

@@ -1,6 +1,7 @@
 #include "platform/foundation/PropertyListGraph.h"
 
 #include <algorithm>
+#include <cassert>
 #include <optional>
 #include <utility>
 
@@ -50,13 +51,13 @@ class GraphBuilder {
 };
 
 bool GraphBuilder::fail(std::string reason, std::size_t number) {
-  const std::size_t offset = number < slots_.size() ? source_.offsetOf(number) : 0;
-  error_ = PropertyListError{std::move(reason), offset, 0};
+  error_ = PropertyListError{std::move(reason), source_.offsetOf(number), 0};
   return false;
 }
 
 PropertyListResult GraphBuilder::build(std::size_t root) {
-  bool good = root < slots_.size() ? visit(root) : fail("the root object is missing", root);
+  assert(root < slots_.size());
+  bool good = visit(root);
   while (good && !open_.empty()) {
     OpenContainer& container = open_.back();
     if (container.next < container.references.size()) {

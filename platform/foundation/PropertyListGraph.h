@@ -40,7 +40,8 @@ class ObjectSource {
   [[nodiscard]] virtual Value dictionary(Dictionary entries) const = 0;
 };
 
-// The value of the object `root` and all it names. `maximumWeight` is as in PropertyListLimits.h.
+// The value of the object `root`, a number below `source.count()`, and all it names.
+// `maximumWeight` is as in PropertyListLimits.h.
 [[nodiscard]] PropertyListResult buildValue(ObjectSource& source, std::size_t root,
                                             std::uint64_t maximumWeight);
 

@@ -13,6 +13,7 @@
 #include "platform/foundation/PropertyListUid.h"
 #include "platform/foundation/PropertyListXmlScalars.h"
 #include "platform/foundation/PropertyListXmlScanner.h"
+#include "platform/foundation/Utf8.h"
 
 namespace zephyl::detail {
 
@@ -272,9 +273,8 @@ PropertyListResult readXmlPropertyList(std::string_view text) {
   const std::size_t forbidden = XmlScanner::findForbidden(text);
   if (forbidden != std::string_view::npos) {
     XmlScanner scanner(text);
-    scanner.fail(static_cast<unsigned char>(text[forbidden]) < 0x20
-                     ? "a control character, which XML forbids"
-                     : "text that is not UTF-8",
+    scanner.fail(utf8CharacterAt(text, forbidden).length > 0 ? "a character that XML forbids"
+                                                             : "text that is not UTF-8",
                  forbidden);
     return scanner.failure();
   }
