@@ -9,7 +9,7 @@ std::string NSError::text(const char* key) const {
 }
 
 std::string NSError::localizedDescription() const {
-  const std::string own = text(kNSLocalizedDescriptionKey);
+  std::string own = text(kNSLocalizedDescriptionKey);
   if (!own.empty()) {
     return own;
   }

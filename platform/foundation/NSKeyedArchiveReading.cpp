@@ -151,7 +151,7 @@ PropertyListError wrong(std::string reason) {
 }  // namespace
 
 PropertyListResult unarchivedValue(const Data& archive) {
-  const PropertyListResult read = readPropertyList(archive);
+  PropertyListResult read = readPropertyList(archive);
   if (!read.ok()) {
     return read;
   }
@@ -163,7 +163,8 @@ PropertyListResult unarchivedValue(const Data& archive) {
   const Value root =
       top.ifDictionary() != nullptr ? (*top.ifDictionary())[detail::kRootKey] : Value();
   const Value objects = (*file)[detail::kObjectsKey];
-  if (root.ifUid() == nullptr || objects.ifArray() == nullptr) {
+  if (root.ifUid() == nullptr || objects.ifArray() == nullptr ||
+      root.ifUid()->index >= objects.ifArray()->size()) {
     return wrong("a keyed archive without a root or without objects");
   }
   ArchivedObjects source(*objects.ifArray());
