@@ -1,0 +1,101 @@
+#include "apps/springboard/GroupsService.h"
+
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "platform/Host.h"
+#include "platform/foundation/Dictionary.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/NSKeyedArchive.h"
+#include "platform/foundation/PropertyListFile.h"
+#include "platform/foundation/SystemLog.h"
+#include "platform/uikit/UIImage.h"
+
+#include "hosts/linux/InProcessMessagingCenter.h"
+#include "model/ZephylKeys.h"
+
+namespace zephyl::app {
+
+namespace {
+
+using Reply = std::optional<Dictionary>;
+
+void refuse(const char* message, const std::string& reason) {
+  host().systemLog().log(std::string(message) + " refused: " + reason);
+}
+
+Value dataOf(const Dictionary* userInfo) {
+  return userInfo == nullptr ? Value() : (*userInfo)[kServiceMessageData];
+}
+
+bool isArrayOfDictionaries(const Value& value) {
+  return value.ifArray() != nullptr &&
+         std::all_of(value.ifArray()->begin(), value.ifArray()->end(),
+                     [](const Value& element) { return element.ifDictionary() != nullptr; });
+}
+
+// A name right in the pictures directory.
+bool isPicturePath(const std::string& path) {
+  const std::string directory = std::string(kGroupPicturesDirectory) + "/";
+  if (path.rfind(directory, 0) != 0) {
+    return false;
+  }
+  const std::string name = path.substr(directory.size());
+  return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
+}
+
+Reply getGroups() {
+  const auto groups = arrayWithContentsOfFile(kGroupsFilePath);
+  return groups ? Reply(Dictionary{{kServiceMessageData, *groups}}) : Reply(Dictionary());
+}
+
+Reply saveGroups(const Dictionary* userInfo) {
+  const Value groups = dataOf(userInfo);
+  bool saved = false;
+  if (isArrayOfDictionaries(groups)) {
+    saved = writeToFile(groups, kGroupsFilePath);
+  } else {
+    refuse(kSaveGroupsMessage, "the groups are no array of dictionaries");
+  }
+  return Dictionary{{kServiceMessageData, saved}};
+}
+
+Reply getPicture(const Dictionary* userInfo) {
+  const Value path = dataOf(userInfo);
+  // A group without a picture asks with an empty path.
+  if (path.ifString() == nullptr || path.ifString()->empty()) {
+    return Dictionary();
+  }
+  if (!isPicturePath(*path.ifString())) {
+    refuse(kServiceMessageData, "no picture of a group: " + *path.ifString());
+    return Dictionary();
+  }
+  const auto file = host().files().contentsAtPath(*path.ifString());
+  if (!file) {
+    return Dictionary();
+  }
+  return Dictionary{
+      {kServiceMessageData, archivedImage(UIImage(Data(file->begin(), file->end())))}};
+}
+
+}  // namespace
+
+void serveGroups(linux_host::InProcessMessagingCenter& center) {
+  // A save that runs while another process reads would show half a file.
+  const auto oneAtATime = std::make_shared<std::mutex>();
+  const auto serve = [&](const char* message, Reply (*answer)(const Dictionary*)) {
+    center.setHandler(kZephylsMessageCenter, message,
+                      [oneAtATime, answer](const Dictionary* userInfo) {
+                        const std::lock_guard lock(*oneAtATime);
+                        return answer(userInfo);
+                      });
+  };
+  serve(kGetGroupsMessage, [](const Dictionary* /*userInfo*/) { return getGroups(); });
+  serve(kSaveGroupsMessage, saveGroups);
+  serve(kServiceMessageData, getPicture);
+}
+
+}  // namespace zephyl::app

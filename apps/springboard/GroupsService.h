@@ -1,0 +1,18 @@
+// The side of the message center that owns the groups file: answers what the store of another
+// process asks for, and hands out group pictures.
+//
+// What it is given is checked; a request that fails is answered with NO, or with no value where a
+// value is asked for, and a line in the system log says why.
+
+#pragma once
+
+namespace zephyl::linux_host {
+class InProcessMessagingCenter;
+}
+
+namespace zephyl::app {
+
+// Answers on the sender's thread, by the installed host's files; one request at a time.
+void serveGroups(linux_host::InProcessMessagingCenter& center);
+
+}  // namespace zephyl::app

@@ -1,0 +1,207 @@
+// The command that looks through all files of the user: what is wrong, where, what to do. Reads
+// only, and reads what it can of everything even when the first file is no good.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/foundation/Dictionary.h"
+#include "platform/foundation/PropertyList.h"
+
+#include "apps/zephyls/CommandError.h"
+#include "apps/zephyls/Commands.h"
+#include "apps/zephyls/Describe.h"
+#include "apps/zephyls/Output.h"
+#include "apps/zephyls/Session.h"
+#include "hosts/linux/FileContents.h"
+#include "hosts/linux/contacts/ContactSources.h"
+#include "hosts/linux/messages/MessagesDatabase.h"
+#include "model/GroupsFileCheck.h"
+#include "model/MemberSet.h"
+#include "model/ZPSettings.h"
+#include "model/ZephylKeys.h"
+#include "services/ZPUtils.h"
+
+namespace zephyl::app {
+
+namespace {
+
+enum class Severity { kGood, kWarning, kBad };
+
+struct Finding {
+  const char* subject;
+  Severity severity;
+  std::string message;
+  std::string advice;
+};
+
+const char* nameOf(Severity severity) {
+  switch (severity) {
+    case Severity::kGood:
+      return "ok";
+    case Severity::kWarning:
+      return "warning";
+    case Severity::kBad:
+      return "error";
+  }
+  return "";
+}
+
+Style styleOf(Severity severity) {
+  switch (severity) {
+    case Severity::kGood:
+      return Style::kGood;
+    case Severity::kWarning:
+      return Style::kWarning;
+    case Severity::kBad:
+      return Style::kBad;
+  }
+  return Style::kPlain;
+}
+
+class Check {
+ public:
+  Check(const Places& places, Output& output) : places_(places), output_(output) {}
+
+  void messages();
+  void contacts();
+  void groups();
+  void settings();
+
+  [[nodiscard]] int exitStatus() const { return bad_ ? kBadData : kSuccess; }
+
+ private:
+  void report(const Finding& finding);
+  void good(const char* subject, const std::string& message) {
+    report({subject, Severity::kGood, message, ""});
+  }
+  // Null when the file is missing or unreadable; the latter is reported.
+  std::optional<Value> listAt(const char* subject, const std::string& phonePath,
+                              const std::string& whenMissing, const std::string& advice);
+
+  const Places& places_;
+  Output& output_;
+  bool bad_ = false;
+};
+
+void Check::report(const Finding& finding) {
+  bad_ = bad_ || finding.severity == Severity::kBad;
+  if (output_.isJson()) {
+    output_.object({{"subject", finding.subject},
+                    {"severity", nameOf(finding.severity)},
+                    {"message", finding.message},
+                    {"advice", finding.advice}});
+    return;
+  }
+  output_.table({{{nameOf(finding.severity), styleOf(finding.severity)},
+                  {finding.subject, Style::kBold},
+                  {finding.message}}});
+  if (!finding.advice.empty()) {
+    output_.line({{"    " + finding.advice, Style::kDim}});
+  }
+}
+
+void Check::messages() {
+  const auto reading = linux_host::MessagesDatabase::read(places_.messages.string());
+  if (!reading.ok()) {
+    report({"messages", Severity::kBad, reading.error().file + ": " + reading.error().reason, ""});
+    return;
+  }
+  const linux_host::MessagesReading& read = reading.value();
+  good("messages", places_.messages.string() + ": " +
+                       counted(read.conversations.size(), "conversation") + ", " +
+                       counted(read.messageCount, "message"));
+  for (const std::string& warning : read.warnings) {
+    report({"messages", Severity::kWarning, warning,
+            "the rest is shown; the database itself is never changed"});
+  }
+}
+
+void Check::contacts() {
+  if (places_.contacts.empty()) {
+    report({"contacts", Severity::kWarning, "no address book is given",
+            "name one with --contacts; without it everybody is unknown"});
+    return;
+  }
+  linux_host::RecordIDs ids(places_.recordIDs());
+  const linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
+  good("contacts", counted(reading.people.size(), "contact"));
+  for (const std::string& warning : reading.warnings) {
+    report({"contacts", Severity::kWarning, warning, "the rest of the contact is shown"});
+  }
+  for (const std::string& error : reading.errors) {
+    report({"contacts", Severity::kBad, error, "see that the file is whole, or leave it out"});
+  }
+}
+
+std::optional<Value> Check::listAt(const char* subject, const std::string& phonePath,
+                                   const std::string& whenMissing, const std::string& advice) {
+  const std::string file = places_.onDevice(phonePath).string();
+  const linux_host::FileReading reading = linux_host::readWholeFile(file);
+  if (reading.isMissing()) {
+    good(subject, file + ": " + whenMissing);
+    return std::nullopt;
+  }
+  if (!reading.contents) {
+    report({subject, Severity::kBad, file + ": " + reading.reason, advice});
+    return std::nullopt;
+  }
+  const PropertyListResult list = readPropertyList(*reading.contents);
+  if (!list.ok()) {
+    report({subject, Severity::kBad, list.error().message(file), advice});
+    return std::nullopt;
+  }
+  return list.value();
+}
+
+void Check::groups() {
+  const std::string advice =
+      "mend the file or put a copy back; before groups are saved in its place it is put aside "
+      "beside itself";
+  const auto list =
+      listAt("groups", kGroupsFilePath, "not there yet; made at the first start", advice);
+  if (!list) {
+    return;
+  }
+  const std::string file = places_.onDevice(kGroupsFilePath).string();
+  if (list->ifArray() == nullptr) {
+    report({"groups", Severity::kBad, file + ": the root is no array", advice});
+    return;
+  }
+  good("groups", file + ": " + counted(list->ifArray()->size(), "group"));
+  for (const GroupsFileProblem& problem : problemsOfGroups(*list->ifArray())) {
+    report({"groups", Severity::kWarning, file + ": " + problem.place + ": " + problem.reason,
+            "nothing is lost by it; edit the file if it was not meant"});
+  }
+}
+
+void Check::settings() {
+  const std::string advice = "until it is mended the extension counts as switched off";
+  const auto list = listAt("settings", ZPUtils::settingsFilePath(),
+                           "not there yet; made at the first start", advice);
+  if (!list) {
+    return;
+  }
+  const std::string file = places_.onDevice(ZPUtils::settingsFilePath()).string();
+  if (list->ifDictionary() == nullptr) {
+    report({"settings", Severity::kBad, file + ": the root is no dictionary", advice});
+    return;
+  }
+  const bool enabled = (*list->ifDictionary())[settings_keys::kEnabled].boolValue();
+  good("settings", file + ": the extension is " + (enabled ? "on" : "off"));
+}
+
+}  // namespace
+
+int checkEverything(Session& session, Output& output) {
+  Check check(session.places(), output);
+  check.messages();
+  check.contacts();
+  check.groups();
+  check.settings();
+  return check.exitStatus();
+}
+
+}  // namespace zephyl::app

@@ -1,0 +1,146 @@
+#include "apps/zephyls/CommandLine.h"
+
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "apps/zephyls/CommandError.h"
+#include "apps/zephyls/Commands.h"
+#include "apps/zephyls/Version.h"
+
+namespace zephyl::app {
+
+namespace {
+
+// A decimal number, as systems number their releases: 6.1, 12.4.1, 14.
+std::string whyNoRelease(const std::string& text) {
+  bool digit = false;
+  for (const char c : text) {
+    if (c == '.' && digit) {
+      digit = false;
+    } else if (c >= '0' && c <= '9') {
+      digit = true;
+    } else {
+      return "not a release number such as 12.4.1: " + text;
+    }
+  }
+  return digit ? std::string() : "not a release number such as 12.4.1: " + text;
+}
+
+void addSourceOptions(CLI::App& app, Options& options) {
+  app.add_option("--messages", options.messages, "Messages database: sms.db or chat.db")
+      ->type_name("FILE");
+  app.add_option("--contacts", options.contacts,
+                 "address book: AddressBook.sqlitedb, a vCard file or a folder of them; may be "
+                 "given several times")
+      ->type_name("FILE|DIR")
+      ->expected(1);
+  app.add_option("--device", options.device,
+                 "folder that holds the groups and settings, laid out as on the phone")
+      ->type_name("DIR");
+}
+
+void addDeviceOptions(CLI::App& app, Options& options) {
+  app.add_option("--ios", options.iosVersion, "release of the phone's system to behave as")
+      ->type_name("VERSION")
+      ->capture_default_str()
+      ->check(CLI::Validator(whyNoRelease, ""));
+  app.add_option_function<std::string>(
+         "--biometrics",
+         [&options](const std::string& value) { options.biometrics = value == "on"; },
+         "whether the device has a fingerprint reader (default: off)")
+      ->type_name("on|off")
+      ->check(CLI::IsMember({"on", "off"}).description(""));
+  app.add_option("--language", options.language, "language of the texts, such as de or zh-Hans")
+      ->type_name("LANG");
+  app.add_flag("--json", options.json, "one JSON object a line, for programs");
+  app.add_flag("--verbose", options.verbose, "show the system log on standard error");
+}
+
+// Adds commands to the program, one call a command.
+class CommandTable {
+ public:
+  CommandTable(CLI::App& program, Command& chosen) : program_(program), chosen_(chosen) {}
+
+  // The words are those after the ones of `parent`.
+  CLI::App& add(CLI::App& parent, const char* word, const char* help, Command command) {
+    CLI::App& added = *parent.add_subcommand(word, help);
+    added.fallthrough();
+    added.parse_complete_callback([this, command = std::move(command)] { chosen_ = command; });
+    return added;
+  }
+  CLI::App& add(const char* word, const char* help, Command command) {
+    return add(program_, word, help, std::move(command));
+  }
+
+ private:
+  CLI::App& program_;
+  Command& chosen_;
+};
+
+void addGroupCommands(CLI::App& program, CommandTable& table, Options& options) {
+  CLI::App& groups = *program.add_subcommand("groups", "the groups");
+  groups.fallthrough();
+  groups.require_subcommand(1);
+  table.add(groups, "list", "every group, with its settings and counts", listGroups);
+  table.add(groups, "show", "one group with its members and conversations", showGroup)
+      .add_option("GROUP", options.group, "title, exactly, or identifier")
+      ->required();
+}
+
+void addSettingCommands(CommandTable& table, Options& options) {
+  CLI::App& settings = table.add("settings", "the extension's settings", listSettings);
+  settings.require_subcommand(0, 1);
+  CLI::App& get = table.add(settings, "get", "one setting", getSetting);
+  get.add_option("KEY", options.key)->required();
+  CLI::App& set = table.add(settings, "set", "change one setting", setSetting);
+  set.add_option("KEY", options.key)->required();
+  set.add_option("VALUE", options.value)->required();
+}
+
+void addCommands(CLI::App& program, CommandTable& table, Options& options) {
+  table.add("conversations", "the conversations, the most recent first", listConversations)
+      .add_option("--group", options.group, "only what this group shows")
+      ->type_name("TITLE|ID");
+  addGroupCommands(program, table, options);
+  table.add("unread", "unread conversations by group", showUnread);
+  table.add("contacts", "the people of the address book", listContacts)
+      .add_option("WORDS", options.words, "only people in whose entry each word occurs");
+  addSettingCommands(table, options);
+  table
+      .add("explain", "why a conversation is in its groups, and which groups hide it",
+           explainConversation)
+      .add_option("GUID", options.guid, "the conversation's GUID, as `conversations` lists it")
+      ->required();
+  table.add("check", "look through all files for what is wrong and say what to do",
+            checkEverything);
+}
+
+}  // namespace
+
+ParsedCommandLine parseCommandLine(int argc, char** argv) {
+  ParsedCommandLine parsed;
+  parsed.command = showOverview;
+  CLI::App program(
+      "Shows the conversations of a Messages database by group.\n"
+      "Nothing is ever written to the database or the address book, and nothing is sent.\n"
+      "Without --messages a sample is shown; without a command, an overview by group.",
+      "zephyls");
+  program.set_version_flag("--version", std::string("zephyls ") + kVersion);
+  program.require_subcommand(0, 1);
+  addSourceOptions(program, parsed.options);
+  addDeviceOptions(program, parsed.options);
+  CommandTable table(program, parsed.command);
+  addCommands(program, table, parsed.options);
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    const int status = program.exit(error, std::cout, std::cerr);
+    parsed.exitStatus = status == 0 ? kSuccess : kWrongUsage;
+  }
+  return parsed;
+}
+
+}  // namespace zephyl::app

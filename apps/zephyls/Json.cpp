@@ -1,0 +1,114 @@
+#include "apps/zephyls/Json.h"
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/foundation/Dictionary.h"
+
+namespace zephyl::app {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// Property-list readers allow no deeper nesting, so this bounds the recursion below.
+constexpr int kDeepest = 512;
+
+std::string base64(const Data& bytes) {
+  static constexpr char kDigits[] =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string text;
+  text.reserve((bytes.size() + 2) / 3 * 4);
+  for (std::size_t at = 0; at < bytes.size(); at += 3) {
+    const std::size_t present = std::min<std::size_t>(3, bytes.size() - at);
+    unsigned triple = 0;
+    for (std::size_t index = 0; index < 3; ++index) {
+      triple = (triple << 8U) | (index < present ? bytes[at + index] : 0U);
+    }
+    for (std::size_t digit = 0; digit < 4; ++digit) {
+      text += digit <= present ? kDigits[(triple >> (18U - 6U * digit)) & 63U] : '=';
+    }
+  }
+  return text;
+}
+
+Json jsonOf(const Value& value, int depth) {
+  if (depth > kDeepest) {
+    return nullptr;
+  }
+  switch (value.type()) {
+    case Value::Type::kNull:
+      return nullptr;
+    case Value::Type::kBoolean:
+      return *value.ifBoolean();
+    case Value::Type::kInteger:
+      return *value.ifInteger();
+    case Value::Type::kUnsigned:
+      return *value.ifUnsigned();
+    case Value::Type::kReal:
+      return *value.ifReal();
+    case Value::Type::kDate:
+      return isoTime(value.ifDate()->secondsSince1970());
+    case Value::Type::kUid:
+      return Json{{"CF$UID", value.ifUid()->index}};
+    case Value::Type::kString:
+      return *value.ifString();
+    case Value::Type::kData:
+      return base64(*value.ifData());
+    case Value::Type::kArray: {
+      Json array = Json::array();
+      for (const Value& element : *value.ifArray()) {
+        array.push_back(jsonOf(element, depth + 1));
+      }
+      return array;
+    }
+    case Value::Type::kDictionary: {
+      Json object = Json::object();
+      for (const auto& [key, element] : *value.ifDictionary()) {
+        object[key] = jsonOf(element, depth + 1);
+      }
+      return object;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+nlohmann::ordered_json jsonOf(const Value& value) {
+  return jsonOf(value, 0);
+}
+
+std::string isoTime(double seconds) {
+  const double whole = std::floor(seconds);
+  const std::time_t time = static_cast<std::time_t>(whole);
+  std::tm parts{};
+  gmtime_r(&time, &parts);
+  std::array<char, 64> text{};
+  std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", &parts);
+  std::string result = text.data();
+  // To the microsecond: what doubles keep of times in this century.
+  const long micros = std::lround((seconds - whole) * 1e6);
+  if (micros > 0 && micros < 1'000'000) {
+    std::snprintf(text.data(), text.size(), ".%06ld", micros);
+    result += text.data();
+    result.erase(result.find_last_not_of('0') + 1);
+  }
+  return result + "Z";
+}
+
+std::string localTime(double seconds) {
+  const std::time_t time = static_cast<std::time_t>(std::floor(seconds));
+  std::tm parts{};
+  localtime_r(&time, &parts);
+  std::array<char, 64> text{};
+  std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts);
+  return text.data();
+}
+
+}  // namespace zephyl::app

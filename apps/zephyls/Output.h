@@ -1,0 +1,61 @@
+// Where a command writes: plain text for people, or JSON, one object a line, for programs.
+//
+// Everything that comes from the user's data passes through here and is made safe for a terminal.
+
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json_fwd.hpp>
+
+namespace zephyl::app {
+
+using Json = nlohmann::ordered_json;
+
+enum class Style { kPlain, kBold, kDim, kUnread, kGood, kWarning, kBad };
+
+// One part of a line, shown in one style.
+struct Cell {
+  std::string text;
+  Style style = Style::kPlain;
+};
+
+using Row = std::vector<Cell>;
+
+class Output {
+ public:
+  // Colours and cutting to the width of the terminal only where `out` is one and NO_COLOR is not
+  // set.
+  Output(std::ostream& out, std::ostream& errors, bool json);
+
+  [[nodiscard]] bool isJson() const { return json_; }
+
+  // One object on a line of its own.
+  void object(const Json& object);
+
+  void line(const Row& cells);
+  void line(const std::string& text) { line(Row{{text}}); }
+
+  // Columns as wide as their widest cell, two spaces apart. On a terminal the last column is cut
+  // to what is left of the line.
+  void table(const std::vector<Row>& rows);
+
+  // On standard error, after the program's name.
+  void complain(const std::string& message);
+
+  // False when something could not be written.
+  [[nodiscard]] bool finish();
+
+ private:
+  [[nodiscard]] std::string styled(const std::string& text, Style style) const;
+
+  std::ostream& out_;
+  std::ostream& errors_;
+  bool json_;
+  bool colours_ = false;
+  std::size_t lineWidth_ = 0;  // 0: not limited
+};
+
+}  // namespace zephyl::app

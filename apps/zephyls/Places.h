@@ -1,0 +1,34 @@
+// Where the program's and the user's files lie on this machine.
+
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "apps/zephyls/Options.h"
+
+namespace zephyl::app {
+
+struct Places {
+  std::filesystem::path messages;
+  std::vector<std::string> contacts;
+  std::filesystem::path device;
+  std::filesystem::path overlay;
+  bool isSample = false;
+
+  // The record ids that were given to people whose source has none.
+  [[nodiscard]] std::filesystem::path recordIDs() const { return device / "record-ids"; }
+
+  // A phone's path below the device root.
+  [[nodiscard]] std::filesystem::path onDevice(const std::string& phonePath) const {
+    return device / phonePath.substr(1);
+  }
+};
+
+// What the options name. Without --messages: the databases of a phone that lie in the device root;
+// without those either, the sample, whose device root is put into the user's data directory the
+// first time. Throws CommandError.
+[[nodiscard]] Places placesFor(const Options& options);
+
+}  // namespace zephyl::app

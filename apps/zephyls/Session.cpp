@@ -1,0 +1,261 @@
+#include "apps/zephyls/Session.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "platform/Host.h"
+#include "platform/foundation/Dictionary.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/PropertyListFile.h"
+#include "platform/foundation/SystemLog.h"
+
+#include "apps/springboard/GroupsService.h"
+#include "apps/zephyls/CommandError.h"
+#include "apps/zephyls/Output.h"
+#include "apps/zephyls/SessionLog.h"
+#include "hosts/common/FilteredConversationList.h"
+#include "hosts/linux/InProcessMessagingCenter.h"
+#include "hosts/linux/Languages.h"
+#include "hosts/linux/LinuxDevice.h"
+#include "hosts/linux/LinuxDispatch.h"
+#include "hosts/linux/contacts/ContactSources.h"
+#include "hosts/linux/contacts/FavoritesFile.h"
+#include "hosts/linux/contacts/HandleMatcher.h"
+#include "hosts/linux/contacts/HomeRegion.h"
+#include "hosts/linux/contacts/PhoneFormatter.h"
+#include "hosts/linux/messages/MessagesDatabase.h"
+#include "hosts/linux/sources/ConversationFacts.h"
+#include "hosts/linux/sources/LinuxAddressBook.h"
+#include "hosts/linux/sources/LinuxFavorites.h"
+#include "model/GroupsFileCheck.h"
+#include "model/ZPSettings.h"
+#include "model/ZephylKeys.h"
+#include "services/ZPUtils.h"
+#include "store/ZephylsDataController.h"
+
+namespace zephyl::app {
+
+namespace {
+
+constexpr char kFavoritesPath[] =
+    "/var/mobile/Library/Preferences/com.apple.mobilephone.speeddial.plist";
+
+// More warnings than these are counted only; `check` lists them all.
+constexpr std::size_t kMostWarnings = 3;
+
+// The locale whose rules telephone numbers follow.
+std::string telephoneLocale() {
+  for (const char* name : {"LC_ALL", "LC_TELEPHONE", "LANG"}) {
+    const char* value = std::getenv(name);
+    if (value != nullptr && *value != '\0') {
+      return value;
+    }
+  }
+  return {};
+}
+
+std::vector<ABFavoritesEntry> readFavoritesOfDevice() {
+  const auto bytes = host().files().contentsAtPath(kFavoritesPath);
+  if (!bytes) {
+    return {};
+  }
+  linux_host::FavoritesReading reading = linux_host::readFavoritesFile(*bytes, kFavoritesPath);
+  for (const auto* lines : {&reading.errors, &reading.warnings}) {
+    for (const std::string& line : *lines) {
+      host().systemLog().log(line);
+    }
+  }
+  return std::move(reading.entries);
+}
+
+// Groups that cannot be read must not be lost when others are saved in their place.
+std::optional<std::string> whyKeepGroupsFile(const std::string& path, const std::string& contents) {
+  return path == kGroupsFilePath ? whyNoGroupsFile(contents) : std::nullopt;
+}
+
+bool ruleShows(const ZephylRef& group, const CKConversationRef& conversation) {
+  return ZephylsDataController::sharedInstance()->isConversationMemberOfGroup(group, conversation,
+                                                                              host().addressBook());
+}
+
+}  // namespace
+
+// What was read of the user's, and what finds its way in it.
+struct Session::Sources {
+  std::string homeRegion = linux_host::homeRegionFor(telephoneLocale());
+  std::vector<ABPersonRef> people;
+  FilteredConversationList* list = nullptr;  // the device's
+};
+
+Session::Session(const Options& options, Output& output)
+    : options_(options),
+      output_(output),
+      places_(placesFor(options)),
+      sources_(std::make_unique<Sources>()) {}
+
+Session::~Session() {
+  if (device_ == nullptr) {
+    return;
+  }
+  // Background work may still ask the host.
+  device_->queues().stop();
+  uninstall();
+}
+
+void Session::complain(const std::string& message) {
+  badData_ = true;
+  output_.complain(message);
+}
+
+int Session::exitStatus() const {
+  return badData_ ? kBadData : kSuccess;
+}
+
+void Session::warn(const std::string& source, const std::vector<std::string>& warnings) {
+  for (std::size_t index = 0; index < std::min(warnings.size(), kMostWarnings); ++index) {
+    output_.complain(warnings[index]);
+  }
+  if (warnings.size() > kMostWarnings) {
+    output_.complain(source + ": " + std::to_string(warnings.size() - kMostWarnings) +
+                     " further remarks; `zephyls check` lists them");
+  }
+}
+
+void Session::readContacts() {
+  if (places_.contacts.empty()) {
+    return;
+  }
+  linux_host::RecordIDs ids(places_.recordIDs());
+  linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
+  for (const std::string& error : reading.errors) {
+    complain(error);
+  }
+  warn("contacts", reading.warnings);
+  sources_->people = std::move(reading.people);
+}
+
+void Session::writeFirstSettings() {
+  const std::string path = ZPUtils::settingsFilePath();
+  if (device_->files().fileExistsAtPath(path)) {
+    return;
+  }
+  if (!writeToFile(Dictionary{{settings_keys::kEnabled, true}}, path)) {
+    throw CommandError("cannot write the settings " + places_.onDevice(path).string() +
+                       "; name a folder that can be written with --device");
+  }
+}
+
+void Session::startDevice() {
+  if (device_ != nullptr) {
+    return;
+  }
+  std::error_code error;
+  std::filesystem::create_directories(places_.device, error);
+  if (error) {
+    throw CommandError("cannot make the device root " + places_.device.string() + ": " +
+                       error.message() + "; name a folder that can be written with --device");
+  }
+  readContacts();
+
+  linux_host::DeviceOptions options;
+  options.deviceRoot = places_.device.string();
+  options.overlay = places_.overlay.string();
+  options.systemVersion = options_.iosVersion;
+  options.languages = linux_host::preferredLanguages(
+      linux_host::languageWishesOfEnvironment(options_.language.value_or("")));
+  options.systemLog = std::make_unique<SessionLog>(
+      options.deviceRoot, [this](const std::string& message) { complain(message); });
+  options.hasBiometrics = options_.biometrics;
+  options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
+  auto list = std::make_unique<FilteredConversationList>();
+  sources_->list = list.get();
+  options.conversationList = std::move(list);
+  options.addressBook = std::make_shared<linux_host::LinuxAddressBook>(sources_->people);
+  options.favorites = std::make_unique<linux_host::LinuxFavorites>(readFavoritesOfDevice);
+  options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(sources_->homeRegion);
+  device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
+  install(*device_);
+  serveGroups(device_->messageServers());
+  writeFirstSettings();
+}
+
+void Session::readConversations() {
+  const auto reading = linux_host::MessagesDatabase::read(places_.messages.string());
+  if (!reading.ok()) {
+    throw CommandError(reading.error().file + ": " + reading.error().reason);
+  }
+  warn("messages", reading.value().warnings);
+  const linux_host::HandleMatcher matcher(sources_->people, sources_->homeRegion);
+  sources_->list->setShows(ruleShows);
+  sources_->list->setConversations(linux_host::conversationsOf(
+      reading.value().conversations, matcher, device_->phoneFormatting()));
+}
+
+void Session::startGroups() {
+  if (groupsStarted_) {
+    return;
+  }
+  groupsStarted_ = true;
+  startDevice();
+  readConversations();
+  const auto store = ZephylsDataController::sharedInstance();
+  store->createDefaultGroups();
+  if (store->allZephyls()->empty()) {
+    store->reloadAllZephyls();
+  }
+  if (store->allZephyls()->empty()) {
+    throw CommandError("cannot write the groups " + places_.onDevice(kGroupsFilePath).string() +
+                       "; name a folder that can be written with --device");
+  }
+  settle();
+}
+
+void Session::settle() {
+  device_->queues().runMainUntilIdle();
+}
+
+ZephylRef Session::groupNamed(const std::string& titleOrIdentifier) {
+  const auto groups = ZephylsDataController::sharedInstance()->allZephyls()->snapshot();
+  ZephylVector titled;
+  ZephylRef numbered;
+  for (const ZephylRef& group : *groups) {
+    if (group->title() == titleOrIdentifier) {
+      titled.push_back(group);
+    } else if (std::to_string(group->identifier()) == titleOrIdentifier) {
+      numbered = group;
+    }
+  }
+  if (titled.size() > 1) {
+    std::string identifiers;
+    for (const ZephylRef& group : titled) {
+      identifiers += " " + std::to_string(group->identifier());
+    }
+    throw CommandError("several groups are titled \"" + titleOrIdentifier +
+                       "\"; name one by its identifier:" + identifiers);
+  }
+  if (titled.empty() && numbered == nullptr) {
+    throw CommandError("no group has the title or identifier \"" + titleOrIdentifier +
+                       "\"; `zephyls groups list` shows them");
+  }
+  return titled.empty() ? numbered : titled.front();
+}
+
+CKConversationArray Session::conversationsOf(const ZephylRef& group) {
+  group->loadAffiliatedConversations(/*inBackground=*/false);
+  return group->conversations()->conversations();
+}
+
+CKConversationRef Session::conversationWithGuid(const std::string& guid) {
+  const CKConversationArray all = host().conversationList().conversations();
+  for (const CKConversationRef& conversation : all) {
+    if (conversation->guid() == guid || conversation->facts().rawGuid == guid) {
+      return conversation;
+    }
+  }
+  throw CommandError("no conversation has the GUID \"" + guid +
+                     "\"; `zephyls conversations` lists them");
+}
+
+}  // namespace zephyl::app

@@ -1,0 +1,79 @@
+// One run of the program: the device with the user's messages and contacts, and the store of the
+// groups on it. Commands start what they need of it; starting twice does nothing.
+//
+// Made on the thread of the QCoreApplication and used there.
+
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/chatkit/CKConversation.h"
+
+#include "apps/zephyls/Options.h"
+#include "apps/zephyls/Places.h"
+#include "model/Zephyl.h"
+
+namespace zephyl::linux_host {
+class LinuxDevice;
+}
+
+namespace zephyl::app {
+
+class Output;
+
+class Session {
+ public:
+  // Throws CommandError, as every call here. `options` and `output` must outlive this.
+  Session(const Options& options, Output& output);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  [[nodiscard]] const Options& options() const { return options_; }
+  [[nodiscard]] const Places& places() const { return places_; }
+
+  // The device with its settings and the address book. The first start of all writes settings in
+  // which the extension is enabled.
+  void startDevice();
+
+  // The conversations and the groups; the first start of all makes the system groups.
+  void startGroups();
+
+  // Returns when no background work waits or runs.
+  void settle();
+
+  // The group of exactly that title, else the one with that identifier. Titles that fit several
+  // groups, and texts that fit none, are errors.
+  [[nodiscard]] ZephylRef groupNamed(const std::string& titleOrIdentifier);
+
+  // What the group shows, its conversations loaded anew.
+  [[nodiscard]] CKConversationArray conversationsOf(const ZephylRef& group);
+
+  // By canonical or raw GUID.
+  [[nodiscard]] CKConversationRef conversationWithGuid(const std::string& guid);
+
+  // Tells the user of bad data that did not stop the command; its exit status says so.
+  void complain(const std::string& message);
+  [[nodiscard]] int exitStatus() const;
+
+ private:
+  struct Sources;
+
+  void readContacts();
+  void readConversations();
+  void writeFirstSettings();
+  void warn(const std::string& source, const std::vector<std::string>& warnings);
+
+  const Options& options_;
+  Output& output_;
+  const Places places_;
+  std::atomic<bool> badData_ = false;
+  std::unique_ptr<Sources> sources_;
+  std::unique_ptr<linux_host::LinuxDevice> device_;
+  bool groupsStarted_ = false;
+};
+
+}  // namespace zephyl::app
