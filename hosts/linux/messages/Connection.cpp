@@ -9,7 +9,7 @@ namespace zephyl::linux_host {
 namespace {
 
 constexpr int kStepsInAUnit = 1000;
-constexpr std::int64_t kStepsOfAnyFile = 10'000'000;
+constexpr std::int64_t kStepsOfAnyFile = 2'000'000;
 constexpr std::int64_t kStepsForAByte = 4;
 constexpr std::int64_t kLengthOfAnyFile = 1'000'000;
 constexpr std::int64_t kLongestLength = 1'000'000'000;

@@ -31,10 +31,18 @@ std::map<std::string, TemporaryFolder::Entry> TemporaryFolder::contents() const 
     struct stat status = {};
     ::stat(entry.path().c_str(), &status);
     contents[entry.path().filename()] = {
-        entry.is_regular_file() ? readFile(entry.path()) : std::string(),
+        S_ISREG(status.st_mode) ? readFile(entry.path()) : std::string(),
         status.st_mtim.tv_sec * 1'000'000'000 + status.st_mtim.tv_nsec};
   }
   return contents;
+}
+
+TemporaryFilesIn::TemporaryFilesIn(const std::string& folder) {
+  ::setenv("TMPDIR", folder.c_str(), /*replace=*/1);
+}
+
+TemporaryFilesIn::~TemporaryFilesIn() {
+  ::unsetenv("TMPDIR");
 }
 
 std::string readFile(const std::filesystem::path& file) {

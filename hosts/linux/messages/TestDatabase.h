@@ -38,6 +38,15 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
+// While it lives, private copies are made in this folder.
+class TemporaryFilesIn {
+ public:
+  explicit TemporaryFilesIn(const std::string& folder);
+  TemporaryFilesIn(const TemporaryFilesIn&) = delete;
+  TemporaryFilesIn& operator=(const TemporaryFilesIn&) = delete;
+  ~TemporaryFilesIn();
+};
+
 [[nodiscard]] std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 
