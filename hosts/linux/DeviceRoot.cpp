@@ -83,7 +83,7 @@ DeviceRoot::DeviceRoot(const std::string& root, const std::string& overlay)
 
 DeviceLocation DeviceRoot::belowRoot(const std::string& normalPath) const {
   const std::string path = resolved(root_ + normalPath);
-  if (!isAtOrBelow(path, resolved(root_ + "/"))) {
+  if (!isAtOrBelow(path, resolved(root_.empty() ? "/" : root_))) {
     return {{}, "a symbolic link leads out of the device's folder"};
   }
   return {path, {}};

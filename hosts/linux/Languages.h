@@ -9,11 +9,14 @@ namespace zephyl::linux_host {
 
 // What the user or the environment says; empty texts are as good as missing.
 struct LanguageWishes {
-  std::string requested;   // of the command line: tags or locale names, told apart by "," or ":"
-  std::string lcAll;       // LC_ALL
-  std::string lcMessages;  // LC_MESSAGES
-  std::string lang;        // LANG
-  std::string language;    // LANGUAGE
+  // Of the command line: tags or locale names, told apart by "," or ":".
+  std::string requested = {};
+
+  // LC_ALL, LC_MESSAGES, LANG and LANGUAGE.
+  std::string lcAll = {};
+  std::string lcMessages = {};
+  std::string lang = {};
+  std::string language = {};
 };
 
 // Those of the environment of this process, with what the command line requested. To be called

@@ -180,10 +180,6 @@ void LinuxDispatch::MainQueue::takeTurn() {
   for (; count > 0; --count) {
     runWaiting();
   }
-  const std::lock_guard lock(mutex_);
-  if (!tasks_.empty()) {
-    signal();
-  }
 }
 
 void LinuxDispatch::MainQueue::moveDueTasks() {
@@ -208,6 +204,9 @@ void LinuxDispatch::MainQueue::runWaiting() {
     }
     task = std::move(tasks_.front());
     tasks_.pop_front();
+    if (!tasks_.empty()) {
+      signal();  // for an event loop inside the task
+    }
   }
   task();
 }
