@@ -51,7 +51,7 @@ std::string withWay(std::string reason, const std::vector<WritingStep>& steps) {
   for (std::size_t i = 0; i < steps.size() && i < kShown; ++i) {
     const std::size_t last = steps[i].begun - 1;
     if (steps[i].array != nullptr) {
-      reason += "[" + std::to_string(last) + "]";
+      reason.append("[").append(std::to_string(last)).append("]");
     } else {
       const std::string& key = steps[i].entryAt(last).first;
       reason += i == 0 ? "" : ".";

@@ -21,9 +21,9 @@ namespace {
 
 using Tag = XmlScanner::Tag;
 
-std::string quoted(std::string_view name) {
+std::string quoted(std::string_view name, const char* before = "<") {
   constexpr std::size_t kLongest = 40;
-  return name.size() > kLongest ? std::string("a tag") : "<" + std::string(name) + ">";
+  return name.size() > kLongest ? "a tag" : std::string(before).append(name).append(">");
 }
 
 // The texts read last, so that one that comes again, as members do, is shared.
@@ -240,7 +240,7 @@ bool XmlReader::open(const Tag& tag) {
 
 bool XmlReader::close(const Tag& tag) {
   if (open_.empty() || tag.name != (open_.back().isDictionary ? "dict" : "array")) {
-    return scanner_.fail("</" + quoted(tag.name).substr(1) + " closes nothing", tag.offset);
+    return scanner_.fail(quoted(tag.name, "</") + " closes nothing", tag.offset);
   }
   const Container container = open_.back();
   if (container.isDictionary && !isKeyExpected()) {
