@@ -1,7 +1,9 @@
 // The command that looks through all files of the user: what is wrong, where, what to do. Reads
 // only, and reads what it can of everything even when the first file is no good.
 
+#include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -77,6 +79,9 @@ class Check {
   void good(const char* subject, const std::string& message) {
     report({subject, Severity::kGood, message, ""});
   }
+  void members(const std::string& file, const Array& groups);
+  // Empty when the member stands for somebody or something that was read.
+  [[nodiscard]] std::string whyUnresolved(const Member& member) const;
   // Null when the file is missing or unreadable; the latter is reported.
   std::optional<Value> listAt(const char* subject, const std::string& phonePath,
                               const std::string& whenMissing, const std::string& advice);
@@ -84,6 +89,9 @@ class Check {
   const Places& places_;
   Output& output_;
   bool bad_ = false;
+  // Whom and what members can stand for; nothing when it could not be read.
+  std::optional<std::set<std::int64_t>> recordIDs_;
+  std::optional<std::set<std::string>> guids_;
 };
 
 void Check::report(const Finding& finding) {
@@ -113,6 +121,10 @@ void Check::messages() {
   good("messages", places_.messages.string() + ": " +
                        counted(read.conversations.size(), "conversation") + ", " +
                        counted(read.messageCount, "message"));
+  guids_.emplace();
+  for (const linux_host::ConversationRecord& conversation : read.conversations) {
+    guids_->insert(conversation.guid);
+  }
   for (const std::string& warning : read.warnings) {
     report({"messages", Severity::kWarning, warning,
             "the rest is shown; the database itself is never changed"});
@@ -128,11 +140,47 @@ void Check::contacts() {
   linux_host::RecordIDs ids(places_.recordIDs());
   const linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
   good("contacts", counted(reading.people.size(), "contact"));
+  recordIDs_.emplace();
+  for (const ABPersonRef& person : reading.people) {
+    recordIDs_->insert(person->recordID);
+  }
   for (const std::string& warning : reading.warnings) {
     report({"contacts", Severity::kWarning, warning, "the rest of the contact is shown"});
   }
   for (const std::string& error : reading.errors) {
     report({"contacts", Severity::kBad, error, "see that the file is whole, or leave it out"});
+  }
+}
+
+std::string Check::whyUnresolved(const Member& member) const {
+  if (const auto* recordID = std::get_if<std::int64_t>(&member)) {
+    return recordIDs_ && !recordIDs_->contains(*recordID)
+               ? "member " + std::to_string(*recordID) + " is nobody's record id"
+               : std::string();
+  }
+  const std::string& text = std::get<std::string>(member);
+  return guids_ && isChatGuid(text) && !guids_->contains(text)
+             ? "member " + text + " is no conversation of the database"
+             : std::string();
+}
+
+void Check::members(const std::string& file, const Array& groups) {
+  for (const Value& group : groups) {
+    const Dictionary* dictionary = group.ifDictionary();
+    const Value contacts = dictionary == nullptr ? Value() : (*dictionary)[keys::kContacts];
+    if (contacts.ifArray() == nullptr) {
+      continue;
+    }
+    const Value title = (*dictionary)[keys::kTitle];
+    for (const Member& member : MemberSet(*contacts.ifArray())) {
+      const std::string reason = whyUnresolved(member);
+      if (!reason.empty()) {
+        report({"groups", Severity::kWarning,
+                file + ": group " + (title.ifString() == nullptr ? "" : *title.ifString()) + ": " +
+                    reason,
+                "it is kept; it counts again once that address book or database is given"});
+      }
+    }
   }
 }
 
@@ -175,6 +223,7 @@ void Check::groups() {
     report({"groups", Severity::kWarning, file + ": " + problem.place + ": " + problem.reason,
             "nothing is lost by it; edit the file if it was not meant"});
   }
+  members(file, *list->ifArray());
 }
 
 void Check::settings() {

@@ -56,7 +56,6 @@ void addDeviceOptions(CLI::App& app, Options& options) {
   app.add_option("--language", options.language, "language of the texts, such as de or zh-Hans")
       ->type_name("LANG");
   app.add_flag("--json", options.json, "one JSON object a line, for programs");
-  app.add_flag("--verbose", options.verbose, "show the system log on standard error");
 }
 
 // Adds commands to the program, one call a command.
@@ -68,7 +67,12 @@ class CommandTable {
   CLI::App& add(CLI::App& parent, const char* word, const char* help, Command command) {
     CLI::App& added = *parent.add_subcommand(word, help);
     added.fallthrough();
-    added.parse_complete_callback([this, command = std::move(command)] { chosen_ = command; });
+    // A command that was followed by one of its own has nothing to say.
+    added.parse_complete_callback([this, &added, command = std::move(command)] {
+      if (added.get_subcommands().empty()) {
+        chosen_ = command;
+      }
+    });
     return added;
   }
   CLI::App& add(const char* word, const char* help, Command command) {

@@ -17,15 +17,6 @@ namespace zephyl::app {
 
 namespace {
 
-bool isChatGuid(const std::string& text) {
-  for (const char* prefix : {"SMS", "sms", "iMessage"}) {
-    if (text.rfind(prefix, 0) == 0) {
-      return true;
-    }
-  }
-  return false;
-}
-
 std::string shownAddress(const std::string& address) {
   return host().phoneFormatting().abCopyPhoneNumberFromString(address).value_or(address);
 }
@@ -99,6 +90,15 @@ std::string traitsOf(const ZephylRef& group) {
     }
   }
   return text;
+}
+
+bool isChatGuid(const std::string& text) {
+  for (const char* prefix : {"SMS", "sms", "iMessage"}) {
+    if (text.rfind(prefix, 0) == 0) {
+      return true;
+    }
+  }
+  return false;
 }
 
 MemberDescription describe(const Member& member) {

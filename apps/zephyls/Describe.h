@@ -23,8 +23,11 @@ namespace zephyl::app {
 // A mark for unread, the time, the name and the last text: the columns of a list.
 [[nodiscard]] Row conversationRow(const CKConversation& conversation);
 
-// "All", "Unread", ...: what is out of the ordinary about the group, "" for nothing.
+// "disabled, protected": what is out of the ordinary about the group; empty for nothing.
 [[nodiscard]] std::string traitsOf(const ZephylRef& group);
+
+// Whether a member that is text names a conversation, not an address.
+[[nodiscard]] bool isChatGuid(const std::string& text);
 
 enum class MemberKind { kPerson, kConversation, kAddress };
 

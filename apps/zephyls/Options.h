@@ -16,7 +16,6 @@ struct Options {
   bool biometrics = false;
   std::optional<std::string> language;
   bool json = false;
-  bool verbose = false;
 
   // The command's own arguments.
   std::string group;               // a title or an identifier; empty for none

@@ -76,29 +76,38 @@ void Output::line(const Row& cells) {
 }
 
 void Output::table(const std::vector<Row>& rows) {
+  std::vector<Row> safe = rows;
   std::vector<std::size_t> widths;
-  for (const Row& row : rows) {
+  for (Row& row : safe) {
+    // Empty cells at the end need no padding before them.
+    while (!row.empty() && row.back().text.empty()) {
+      row.pop_back();
+    }
     widths.resize(std::max(widths.size(), row.size()));
     for (std::size_t column = 0; column < row.size(); ++column) {
-      widths[column] = std::max(widths[column], textWidth(safeForTerminal(row[column].text)));
+      row[column].text = safeForTerminal(row[column].text);
+      widths[column] = std::max(widths[column], textWidth(row[column].text));
     }
   }
-  for (const Row& row : rows) {
-    std::size_t used = 0;
-    for (std::size_t column = 0; column < row.size(); ++column) {
-      std::string text = safeForTerminal(row[column].text);
-      const bool last = column + 1 == row.size();
-      if (last && lineWidth_ > used) {
-        text = cutToWidth(text, lineWidth_ - used);
-      }
-      out_ << styled(text, row[column].style);
-      if (!last) {
-        out_ << std::string(widths[column] - textWidth(text) + kColumnGap, ' ');
-        used += widths[column] + kColumnGap;
-      }
-    }
-    out_ << '\n';
+  for (const Row& row : safe) {
+    printRow(row, widths);
   }
+}
+
+void Output::printRow(const Row& row, const std::vector<std::size_t>& widths) {
+  std::size_t used = 0;
+  for (std::size_t column = 0; column < row.size(); ++column) {
+    const Cell& cell = row[column];
+    if (column + 1 == row.size()) {
+      const bool cut = lineWidth_ > used;
+      out_ << styled(cut ? cutToWidth(cell.text, lineWidth_ - used) : cell.text, cell.style);
+      break;
+    }
+    out_ << styled(cell.text, cell.style)
+         << std::string(widths[column] - textWidth(cell.text) + kColumnGap, ' ');
+    used += widths[column] + kColumnGap;
+  }
+  out_ << '\n';
 }
 
 void Output::complain(const std::string& message) {

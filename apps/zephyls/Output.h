@@ -49,6 +49,7 @@ class Output {
   [[nodiscard]] bool finish();
 
  private:
+  void printRow(const Row& row, const std::vector<std::size_t>& widths);
   [[nodiscard]] std::string styled(const std::string& text, Style style) const;
 
   std::ostream& out_;

@@ -1,0 +1,217 @@
+#include <string>
+#include <vector>
+
+#include "apps/zephyls/ProgramTest.h"
+
+namespace zephyl::app::test {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Texts = std::vector<std::string>;
+
+constexpr char kWork[] =
+    "<dict><key>identifier</key><integer>7</integer><key>title</key><string>Work</string>"
+    "<key>enabled</key><true/><key>contacts</key><array><integer>1000001</integer></array></dict>";
+constexpr char kSecret[] =
+    "<dict><key>identifier</key><integer>8</integer><key>title</key><string>Secret</string>"
+    "<key>enabled</key><true/><key>shouldHideConversationsInDefaultGroups</key><true/>"
+    "<key>contacts</key><array><string>+15555550102</string></array></dict>";
+
+class CommandsTest : public ProgramTest {
+ protected:
+  CommandsTest() { writeOwnSources(); }
+
+  static Texts keysOf(const Json& object) {
+    Texts names;
+    for (const auto& [key, value] : object.items()) {
+      names.push_back(key);
+    }
+    return names;
+  }
+  static Texts all(const std::vector<Json>& objects, const char* key) {
+    Texts values;
+    for (const Json& object : objects) {
+      values.push_back(object[key].is_string() ? object[key].get<std::string>()
+                                               : object[key].dump());
+    }
+    return values;
+  }
+};
+
+TEST_F(CommandsTest, TheFirstStartEnablesTheExtensionAndMakesTheSystemGroups) {
+  const auto result = runOwn({"groups", "list", "--json"});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(all(result.objects(), "title"),
+            (Texts{"All", "Favorites", "All Groups", "Unknown", "Known"}));
+  EXPECT_NE(read(settings_).find("<key>ZephylsEnabled</key>"), std::string::npos);
+  EXPECT_NE(read(groups_).find("Your Favoties Contacts from Phonebook"), std::string::npos);
+
+  const std::string settings = read(settings_);
+  const std::string groups = read(groups_);
+  EXPECT_EQ(runOwn({"unread"}).status, 0);
+  EXPECT_EQ(read(settings_), settings);
+  EXPECT_EQ(read(groups_), groups);
+}
+
+TEST_F(CommandsTest, ConversationsAreListedTheMostRecentFirst) {
+  const auto objects = runOwn({"conversations", "--json"}).objects();
+  ASSERT_EQ(objects.size(), 4U);
+  EXPECT_EQ(keysOf(objects[0]), (Texts{"guid", "rawGuid", "name", "isGroup", "unread", "handles",
+                                       "lastDate", "lastText"}));
+  EXPECT_EQ(all(objects, "guid"), (Texts{"iMessage;+;chat300", "SMS;-;+15555550102",
+                                         "iMessage;-;+15555550101", "iMessage;-;eve@example.com"}));
+  EXPECT_EQ(all(objects, "name"),
+            (Texts{"Picnic", "+1 (555) 555-0102", "Ann Larkspur", "Eve Sjö"}));
+  EXPECT_EQ(objects[0]["rawGuid"], "any;+;chat300");
+  EXPECT_EQ(objects[0]["isGroup"], true);
+  EXPECT_EQ(objects[0]["unread"], true);
+  EXPECT_EQ(objects[0]["lastDate"], "2020-01-06T10:43:20Z");
+  EXPECT_EQ(objects[0]["lastText"], "Who brings cake?");
+  EXPECT_EQ(objects[0]["handles"],
+            Json::parse(R"([{"displayID":"+15555550101","recordID":1000001,"name":"Ann Larkspur"},
+                            {"displayID":"+15555550102","recordID":null,
+                             "name":"+1 (555) 555-0102"}])"));
+  EXPECT_EQ(objects[3]["lastDate"], nullptr);
+  EXPECT_EQ(objects[3]["lastText"], nullptr);
+}
+
+TEST_F(CommandsTest, AGroupsConversationsAreFoundByTitleAndByIdentifier) {
+  writeGroups(kWork);
+  const Texts expected = {"iMessage;+;chat300", "iMessage;-;+15555550101"};
+  EXPECT_EQ(all(runOwn({"conversations", "--group", "Work", "--json"}).objects(), "guid"),
+            expected);
+  EXPECT_EQ(all(runOwn({"conversations", "--group", "7", "--json"}).objects(), "guid"), expected);
+}
+
+TEST_F(CommandsTest, AGroupsObjectHasTheDictionarysKeysAndTheCounts) {
+  writeGroups(kWork);
+  const auto objects = runOwn({"groups", "list", "--json"}).objects();
+  ASSERT_EQ(objects.size(), 6U);
+  EXPECT_EQ(keysOf(objects[0]),
+            (Texts{"identifier", "title", "subTitle", "headerImagePath", "backGroundImagePath",
+                   "markerCode", "createdDate", "enabled", "active", "system", "passwordProtected",
+                   "zephylSystemMode", "contacts", "shouldHideConversationsInDefaultGroups",
+                   "shouldHideConversationsOnLockScreen", "maskedMessage", "unreadCount",
+                   "conversationCount"}));
+  EXPECT_EQ(all(objects, "unreadCount"), (Texts{"1", "2", "0", "1", "2", "1"}));
+  EXPECT_EQ(all(objects, "conversationCount"), (Texts{"2", "4", "0", "1", "2", "3"}));
+}
+
+TEST_F(CommandsTest, AHidingGroupTakesItsConversationsOutOfTheDefaultGroups) {
+  writeGroups(std::string(kWork) + kSecret);
+  const auto objects = runOwn({"unread", "--json"}).objects();
+  EXPECT_EQ(keysOf(objects[0]),
+            (Texts{"identifier", "title", "unreadCount", "unreadConversations", "elsewhere"}));
+  EXPECT_EQ(all(objects, "title"),
+            (Texts{"Work", "Secret", "All", "Favorites", "All Groups", "Unknown", "Known"}));
+  EXPECT_EQ(all(objects, "unreadCount"), (Texts{"1", "1", "1", "0", "1", "1", "1"}));
+  EXPECT_EQ(all(objects, "elsewhere"), (Texts{"1", "1", "1", "2", "1", "1", "1"}));
+  EXPECT_EQ(objects[1]["unreadConversations"], Json::array({"SMS;-;+15555550102"}));
+}
+
+TEST_F(CommandsTest, AnExplanationNamesWhatMatchedAndWhatHides) {
+  writeGroups(std::string(kWork) + kSecret);
+  const auto objects = runOwn({"explain", "SMS;-;+15555550102", "--json"}).objects();
+  ASSERT_EQ(objects.size(), 3U);
+  EXPECT_EQ(keysOf(objects[0]), (Texts{"identifier", "title", "member", "because", "hides"}));
+  EXPECT_EQ(objects[0]["title"], "Secret");
+  EXPECT_EQ(objects[0]["member"], true);
+  EXPECT_EQ(objects[0]["hides"], true);
+  EXPECT_NE(objects[0]["because"].get<std::string>().find("+15555550102"), std::string::npos);
+  EXPECT_EQ(objects[1]["title"], "All");
+  EXPECT_EQ(objects[1]["member"], false);
+  EXPECT_EQ(objects[1]["because"], "hidden by the group Secret");
+
+  const auto picnic = runOwn({"explain", "any;+;chat300", "--json"}).objects();
+  EXPECT_EQ(all(picnic, "title"), (Texts{"Work", "All", "All Groups", "Unknown", "Known"}));
+  EXPECT_EQ(picnic[0]["because"], "a participant is a member: 1000001 (Ann Larkspur)");
+}
+
+TEST_F(CommandsTest, AGroupIsShownWithItsMembers) {
+  writeGroups(kWork);
+  const auto objects = runOwn({"groups", "show", "Work", "--json"}).objects();
+  ASSERT_EQ(objects.size(), 1U);
+  EXPECT_EQ(objects[0]["members"],
+            Json::parse(R"([{"kind":"person","id":1000001,"name":"Ann Larkspur"}])"));
+  EXPECT_EQ(objects[0]["conversations"],
+            (Json::array({"iMessage;+;chat300", "iMessage;-;+15555550101"})));
+  const std::string text = runOwn({"groups", "show", "Work"}).out;
+  EXPECT_NE(text.find("Ann Larkspur"), std::string::npos);
+}
+
+TEST_F(CommandsTest, PeopleAreFoundByEveryWord) {
+  EXPECT_EQ(all(runOwn({"contacts", "--json"}).objects(), "recordID"),
+            (Texts{"1000001", "1000002"}));
+  EXPECT_EQ(all(runOwn({"contacts", "--json", "SJÖ", "example"}).objects(), "name"),
+            Texts{"Eve Sjö"});
+  EXPECT_TRUE(runOwn({"contacts", "--json", "ann", "eve"}).objects().empty());
+}
+
+TEST_F(CommandsTest, RecordIdsStayWhateverElseIsAdded) {
+  EXPECT_EQ(runOwn({"contacts"}).status, 0);
+  write(folder_ / "source/people.vcf",
+        "BEGIN:VCARD\nVERSION:3.0\nFN:First\nUID:first\nEND:VCARD\n" + read(contacts_));
+  EXPECT_EQ(all(runOwn({"contacts", "--json", "ann"}).objects(), "recordID"), Texts{"1000001"});
+  EXPECT_EQ(all(runOwn({"contacts", "--json", "first"}).objects(), "recordID"), Texts{"1000003"});
+}
+
+TEST_F(CommandsTest, EveryReleaseGivesTheSameGroupsWhicheverWayTheyTravel) {
+  writeGroups(std::string(kWork) + kSecret);
+  const std::string now = runOwn({"unread", "--json"}).out;
+  for (const char* version : {"6.1", "8.3", "9.0", "11.4", "12.0", "13.3"}) {
+    EXPECT_EQ(runOwn({"--ios", version, "unread", "--json"}).out, now) << version;
+  }
+}
+
+TEST_F(CommandsTest, ProtectionNeedsBiometrics) {
+  EXPECT_EQ(
+      runOwn({"--biometrics", "on", "groups", "list", "--json"}).objects()[0]["passwordProtected"],
+      true);
+  EXPECT_EQ(
+      runOwn({"--biometrics", "off", "groups", "list", "--json"}).objects()[0]["passwordProtected"],
+      false);
+}
+
+TEST_F(CommandsTest, TheMaskedTextComesInTheUsersLanguage) {
+  writeGroups(kWork);
+  EXPECT_EQ(runOwn({"--language", "de", "groups", "show", "Work", "--json"})
+                .objects()[0]["maskedMessage"],
+            "Diese Nachricht ist durch Zephyls geschützt und nur in der Nachrichten-App "
+            "verfügbar.");
+}
+
+TEST_F(CommandsTest, SettingsAreShownAndChanged) {
+  EXPECT_EQ(all(runOwn({"settings", "--json"}).objects(), "key"),
+            (Texts{"ZephylsEnabled", "ZephylsSortBy", "ZephylsSortOrder",
+                   "ZPRememberUnlockSessionEnabled", "ZPRememberUnlockSessionTime"}));
+  EXPECT_EQ(runOwn({"settings", "get", "ZephylsEnabled"}).out, "on\n");
+  EXPECT_EQ(runOwn({"settings", "get", "ZephylsSortBy"}).out, "not set\n");
+  EXPECT_EQ(runOwn({"settings", "set", "ZephylsSortOrder", "-1"}).out, "-1\n");
+  EXPECT_EQ(runOwn({"settings", "set", "ZephylsEnabled", "off"}).status, 0);
+  EXPECT_EQ(runOwn({"settings", "set", "ZPRememberUnlockSessionTime", "2.5", "--json"}).out,
+            "{\"key\":\"ZPRememberUnlockSessionTime\",\"value\":2.5}\n");
+  EXPECT_EQ(all(runOwn({"settings", "--json"}).objects(), "value"),
+            (Texts{"false", "null", "-1", "null", "2.5"}));
+}
+
+TEST_F(CommandsTest, TheSampleIsShownWhenNothingIsNamed) {
+  const auto result = run({});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(result.errors, "");
+  EXPECT_NE(result.out.find("Operation Cake"), std::string::npos);
+  EXPECT_NE(result.out.find("This is a sample."), std::string::npos);
+  EXPECT_TRUE(std::filesystem::exists(folder_ / ".local/share/zephyls/sample-device"));
+  EXPECT_EQ(run({"check"}).out.find("warning"), std::string::npos);
+}
+
+TEST_F(CommandsTest, APhonesFilesInTheDeviceRootAreFound) {
+  namespace fs = std::filesystem;
+  fs::create_directories(device_ / "var/mobile/Library/SMS");
+  fs::copy(messages_, device_ / "var/mobile/Library/SMS/sms.db");
+  const auto result = run({"--device", device_.string(), "conversations", "--json"});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(result.objects().size(), 4U);
+}
+
+}  // namespace
+}  // namespace zephyl::app::test
