@@ -4,7 +4,7 @@
 
 #include "platform/foundation/PropertyListLimits.h"
 #include "platform/foundation/PropertyListWriting.h"
-#include "platform/foundation/PropertyListXmlScanner.h"
+#include "platform/foundation/PropertyListXmlCharacters.h"
 #include "platform/foundation/Utf8.h"
 
 namespace zephyl::detail {
@@ -13,7 +13,7 @@ namespace {
 
 // Null when the text can be written.
 const char* whyNotText(const std::string& text, PropertyListForm form) {
-  if (form == PropertyListForm::kXml && XmlScanner::findForbidden(text) == std::string_view::npos) {
+  if (form == PropertyListForm::kXml && findForbiddenXml(text) == std::string_view::npos) {
     return nullptr;
   }
   if (findInvalidUtf8(text) != std::string_view::npos) {

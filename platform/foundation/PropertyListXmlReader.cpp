@@ -1,7 +1,9 @@
 #include "platform/foundation/PropertyListXmlReader.h"
 
-#include <array>
+#include <algorithm>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -11,6 +13,7 @@
 #include "platform/foundation/Dictionary.h"
 #include "platform/foundation/PropertyListLimits.h"
 #include "platform/foundation/PropertyListUid.h"
+#include "platform/foundation/PropertyListXmlCharacters.h"
 #include "platform/foundation/PropertyListXmlScalars.h"
 #include "platform/foundation/PropertyListXmlScanner.h"
 #include "platform/foundation/Utf8.h"
@@ -21,6 +24,45 @@ namespace {
 
 using Tag = XmlScanner::Tag;
 
+enum class Element {
+  kUnknown,
+  kKey,
+  kDictionary,
+  kArray,
+  kTrue,
+  kFalse,
+  kString,
+  kInteger,
+  kReal,
+  kDate,
+  kData
+};
+
+// By the length first: what is then compared is of a length known to the compiler.
+Element elementNamed(std::string_view name) {
+  switch (name.size()) {
+    case 3:
+      return name == "key" ? Element::kKey : Element::kUnknown;
+    case 4:
+      return name == "dict"   ? Element::kDictionary
+             : name == "true" ? Element::kTrue
+             : name == "real" ? Element::kReal
+             : name == "date" ? Element::kDate
+             : name == "data" ? Element::kData
+                              : Element::kUnknown;
+    case 5:
+      return name == "array"   ? Element::kArray
+             : name == "false" ? Element::kFalse
+                               : Element::kUnknown;
+    case 6:
+      return name == "string" ? Element::kString : Element::kUnknown;
+    case 7:
+      return name == "integer" ? Element::kInteger : Element::kUnknown;
+    default:
+      return Element::kUnknown;
+  }
+}
+
 std::string quoted(std::string_view name, const char* before = "<") {
   constexpr std::size_t kLongest = 40;
   return name.size() > kLongest ? "a tag" : std::string(before).append(name).append(">");
@@ -29,6 +71,10 @@ std::string quoted(std::string_view name, const char* before = "<") {
 // The texts read last, so that one that comes again, as members do, is shared.
 class RecentTexts {
  public:
+  // A larger file gets more places.
+  explicit RecentTexts(std::size_t fileSize)
+      : recent_(std::bit_ceil(std::clamp(fileSize / 256, kFewest, kMost))) {}
+
   [[nodiscard]] Value share(std::string_view text) {
     if (text.size() > kLongest) {
       return Value(std::string(text));
@@ -42,22 +88,26 @@ class RecentTexts {
 
  private:
   static constexpr std::size_t kLongest = 64;
-  static constexpr std::size_t kSlots = 1024;
+  static constexpr std::size_t kFewest = 64;
+  static constexpr std::size_t kMost = 1024;
 
-  static std::size_t slotOf(std::string_view text) {
+  [[nodiscard]] std::size_t slotOf(std::string_view text) const {
     std::uint64_t hash = text.size();
-    for (const char c : text) {
-      hash = (hash ^ static_cast<unsigned char>(c)) * 0x9E3779B97F4A7C15U;
+    for (; !text.empty(); text.remove_prefix(std::min(text.size(), sizeof hash))) {
+      std::uint64_t block = 0;
+      std::memcpy(&block, text.data(), std::min(text.size(), sizeof block));
+      hash = (hash ^ block) * 0x9E3779B97F4A7C15U;
+      hash ^= hash >> 32U;
     }
-    return (hash >> 32U) % kSlots;
+    return hash & (recent_.size() - 1);
   }
 
-  std::array<Value, kSlots> recent_;
+  std::vector<Value> recent_;
 };
 
 class XmlReader {
  public:
-  explicit XmlReader(std::string_view text) : scanner_(text) {}
+  explicit XmlReader(std::string_view text) : scanner_(text), texts_(text.size()) {}
 
   [[nodiscard]] PropertyListResult read();
 
@@ -73,10 +123,11 @@ class XmlReader {
   [[nodiscard]] bool readUntilClosed(const Tag& plist);
   [[nodiscard]] bool readElement(const Tag& tag);
   [[nodiscard]] bool readKey(const Tag& tag);
-  [[nodiscard]] bool readBoolean(const Tag& tag);
-  [[nodiscard]] bool readScalar(const Tag& tag);
-  [[nodiscard]] std::optional<Value> convert(const Tag& tag, std::string_view text);
-  [[nodiscard]] bool open(const Tag& tag);
+  [[nodiscard]] bool readBoolean(const Tag& tag, bool value);
+  [[nodiscard]] bool readScalar(const Tag& tag, Element element);
+  [[nodiscard]] std::optional<Value> convert(const Tag& tag, Element element,
+                                             std::string_view text);
+  [[nodiscard]] bool open(const Tag& tag, bool isDictionary);
   [[nodiscard]] bool close(const Tag& tag);
   [[nodiscard]] Value take(const Container& container);
 
@@ -142,19 +193,25 @@ bool XmlReader::readElement(const Tag& tag) {
   if (tag.kind == Tag::Kind::kClose) {
     return close(tag);
   }
-  if (tag.name == "key") {
+  const Element element = elementNamed(tag.name);
+  if (element == Element::kKey) {
     return readKey(tag);
   }
   if (isKeyExpected()) {
     return scanner_.fail(quoted(tag.name) + " where a <key> is expected", tag.offset);
   }
-  if (tag.name == "array" || tag.name == "dict") {
-    return open(tag);
+  switch (element) {
+    case Element::kArray:
+    case Element::kDictionary:
+      return open(tag, element == Element::kDictionary);
+    case Element::kTrue:
+    case Element::kFalse:
+      return readBoolean(tag, element == Element::kTrue);
+    case Element::kUnknown:
+      return scanner_.fail("unknown element " + quoted(tag.name), tag.offset);
+    default:
+      return readScalar(tag, element);
   }
-  if (tag.name == "true" || tag.name == "false") {
-    return readBoolean(tag);
-  }
-  return readScalar(tag);
 }
 
 bool XmlReader::readKey(const Tag& tag) {
@@ -175,7 +232,7 @@ bool XmlReader::readKey(const Tag& tag) {
   return true;
 }
 
-bool XmlReader::readBoolean(const Tag& tag) {
+bool XmlReader::readBoolean(const Tag& tag, bool value) {
   if (tag.kind == Tag::Kind::kOpen) {
     const std::optional<std::string_view> text = scanner_.textOf(tag.name);
     if (!text) {
@@ -185,28 +242,19 @@ bool XmlReader::readBoolean(const Tag& tag) {
       return scanner_.fail("text inside " + quoted(tag.name), tag.offset);
     }
   }
-  values_.emplace_back(tag.name == "true");
+  values_.emplace_back(value);
   return true;
 }
 
-bool XmlReader::readScalar(const Tag& tag) {
+bool XmlReader::readScalar(const Tag& tag, Element element) {
   std::optional<std::string_view> text = std::string_view();
-  constexpr std::array<std::string_view, 5> kScalars = {"string", "integer", "real", "date",
-                                                        "data"};
-  bool known = false;
-  for (const std::string_view name : kScalars) {
-    known = known || tag.name == name;
-  }
-  if (!known) {
-    return scanner_.fail("unknown element " + quoted(tag.name), tag.offset);
-  }
   if (tag.kind == Tag::Kind::kOpen) {
     text = scanner_.textOf(tag.name);
   }
   if (!text) {
     return false;
   }
-  std::optional<Value> value = convert(tag, *text);
+  std::optional<Value> value = convert(tag, element, *text);
   if (!value) {
     return scanner_.fail("not a valid " + quoted(tag.name), tag.offset);
   }
@@ -214,27 +262,26 @@ bool XmlReader::readScalar(const Tag& tag) {
   return true;
 }
 
-std::optional<Value> XmlReader::convert(const Tag& tag, std::string_view text) {
-  if (tag.name == "string") {
-    return texts_.share(text);
+std::optional<Value> XmlReader::convert(const Tag& tag, Element element, std::string_view text) {
+  switch (element) {
+    case Element::kString:
+      return texts_.share(text);
+    case Element::kInteger:
+      return parseXmlInteger(text);
+    case Element::kReal:
+      return parseXmlReal(text);
+    case Element::kDate:
+      return parseXmlDate(text, XmlScanner::attribute(tag.attributes, "fraction"));
+    default:
+      return parseBase64(text);
   }
-  if (tag.name == "integer") {
-    return parseXmlInteger(text);
-  }
-  if (tag.name == "real") {
-    return parseXmlReal(text);
-  }
-  if (tag.name == "date") {
-    return parseXmlDate(text, XmlScanner::attribute(tag.attributes, "fraction"));
-  }
-  return parseBase64(text);
 }
 
-bool XmlReader::open(const Tag& tag) {
+bool XmlReader::open(const Tag& tag, bool isDictionary) {
   if (open_.size() == kMaximumDepth) {
     return scanner_.fail(kTooDeep, tag.offset);
   }
-  open_.push_back({tag.name == "dict", values_.size(), keys_.size(), tag.offset});
+  open_.push_back({isDictionary, values_.size(), keys_.size(), tag.offset});
   return tag.kind == Tag::Kind::kOpen || close(tag);
 }
 
@@ -270,7 +317,7 @@ Value XmlReader::take(const Container& container) {
 }  // namespace
 
 PropertyListResult readXmlPropertyList(std::string_view text) {
-  const std::size_t forbidden = XmlScanner::findForbidden(text);
+  const std::size_t forbidden = findForbiddenXml(text);
   if (forbidden != std::string_view::npos) {
     XmlScanner scanner(text);
     scanner.fail(utf8CharacterAt(text, forbidden).length > 0 ? "a character that XML forbids"

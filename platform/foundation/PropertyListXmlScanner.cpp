@@ -7,6 +7,7 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/foundation/PropertyListXmlCharacters.h"
 #include "platform/foundation/Utf8.h"
 
 namespace zephyl::detail {
@@ -19,11 +20,6 @@ constexpr std::size_t kBlock = sizeof(std::uint64_t);
 
 bool isWhiteSpace(char c) {
   return c == ' ' || c == '\n' || c == '\t' || c == '\r';
-}
-
-bool isCharacter(char32_t c) {
-  return c >= 0x20 ? c <= 0xD7FF || (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF)
-                   : c == '\t' || c == '\n' || c == '\r';
 }
 
 std::uint64_t blockAt(std::string_view text, std::size_t at) {
@@ -46,34 +42,6 @@ bool isPlain(char c) {
 }
 
 }  // namespace
-
-std::size_t XmlScanner::findForbidden(std::string_view text) {
-  std::size_t at = 0;
-  while (at < text.size()) {
-    if (text.size() - at >= kBlock) {
-      const std::uint64_t block = blockAt(text, at);
-      // Below 0x20 a subtraction borrows from the high bit.
-      if (((block | (block - kOnes * 0x20)) & kHighBits) == 0) {
-        at += kBlock;
-        continue;
-      }
-    }
-    const std::size_t end = std::min(at + kBlock, text.size());
-    while (at < end) {
-      const auto byte = static_cast<unsigned char>(text[at]);
-      if ((byte >= 0x20 && byte < 0x80) || byte == '\n') {
-        ++at;
-        continue;
-      }
-      const Utf8Character character = utf8CharacterAt(text, at);
-      if (character.length == 0 || !isCharacter(character.codePoint)) {
-        return at;
-      }
-      at += character.length;
-    }
-  }
-  return std::string_view::npos;
-}
 
 bool XmlScanner::fail(std::string reason, std::size_t offset) {
   if (!failure_) {
@@ -381,7 +349,7 @@ bool XmlScanner::appendReference() {
   const char* end = text_.data() + text_.size();
   std::uint32_t codePoint = 0;
   const auto [stop, error] = std::from_chars(from, end, codePoint, hexadecimal ? 16 : 10);
-  if (error != std::errc() || stop == end || *stop != ';' || !isCharacter(codePoint)) {
+  if (error != std::errc() || stop == end || *stop != ';' || !isXmlCharacter(codePoint)) {
     return fail("a reference to no character", at_);
   }
   appendUtf8(composed_, codePoint);

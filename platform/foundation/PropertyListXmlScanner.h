@@ -1,7 +1,7 @@
 // Cuts an XML property list into tags and the text between them. Knows the syntax of XML, as far as
 // property lists use it, and nothing of their meaning. Never recurses.
 //
-// The text given must be valid UTF-8 without forbidden characters (`findForbidden`). The first
+// The text given must be valid UTF-8 without forbidden characters (`findForbiddenXml`). The first
 // failure is kept and told by `failure()`; after it nothing more may be asked.
 
 #pragma once
@@ -27,10 +27,6 @@ class XmlScanner {
 
   // `text` must outlive the scanner and what it hands out.
   explicit XmlScanner(std::string_view text) : text_(text) {}
-
-  // Where the first byte stands that is not UTF-8, or the first character that XML forbids; npos
-  // when all is well.
-  [[nodiscard]] static std::size_t findForbidden(std::string_view text);
 
   // Everything before the first element; false on a failure.
   [[nodiscard]] bool skipProlog();

@@ -25,6 +25,22 @@ constexpr const char* kHeader =
 // Lines stop moving right here, so that a file's size follows what is in it at any depth.
 constexpr std::size_t kDeepestIndent = 16;
 
+// Null when the character may stand as it is.
+const char* replacementOf(char c) {
+  switch (c) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '\r':
+      return "&#13;";
+    default:
+      return nullptr;
+  }
+}
+
 class XmlWriter {
  public:
   [[nodiscard]] std::string write(const Value& root);
@@ -147,16 +163,14 @@ void XmlWriter::text(std::string_view name, std::string_view text) {
 
 void XmlWriter::escaped(std::string_view text) {
   std::size_t from = 0;
-  while (true) {
-    const std::size_t at = std::min(text.find_first_of("&<>\r", from), text.size());
-    out_ += text.substr(from, at - from);
-    if (at == text.size()) {
-      return;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char* replacement = replacementOf(text[at]);
+    if (replacement != nullptr) {
+      out_.append(text.substr(from, at - from)).append(replacement);
+      from = at + 1;
     }
-    const char c = text[at];
-    out_ += c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '>' ? "&gt;" : "&#13;";
-    from = at + 1;
   }
+  out_ += text.substr(from);
 }
 
 void XmlWriter::data(const Data& bytes) {
