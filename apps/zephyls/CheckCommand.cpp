@@ -172,12 +172,12 @@ void Check::members(const std::string& file, const Array& groups) {
       continue;
     }
     const Value title = (*dictionary)[keys::kTitle];
+    const std::string place =
+        file + ": group " + (title.ifString() == nullptr ? std::string() : *title.ifString());
     for (const Member& member : MemberSet(*contacts.ifArray())) {
       const std::string reason = whyUnresolved(member);
       if (!reason.empty()) {
-        report({"groups", Severity::kWarning,
-                file + ": group " + (title.ifString() == nullptr ? "" : *title.ifString()) + ": " +
-                    reason,
+        report({"groups", Severity::kWarning, std::string(place).append(": ").append(reason),
                 "it is kept; it counts again once that address book or database is given"});
       }
     }

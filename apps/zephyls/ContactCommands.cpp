@@ -25,6 +25,7 @@ icu::UnicodeString folded(const std::string& text) {
 
 std::vector<std::string> valuesOf(const std::vector<ABLabeledText>& labelled) {
   std::vector<std::string> values;
+  values.reserve(labelled.size());
   for (const ABLabeledText& one : labelled) {
     values.push_back(one.value);
   }

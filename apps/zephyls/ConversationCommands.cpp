@@ -151,6 +151,7 @@ int explainConversation(Session& session, Output& output) {
   output.line(
       {{conversation->facts().name, Style::kBold}, {"  " + conversation->guid(), Style::kDim}});
   std::vector<Row> rows;
+  rows.reserve(explanations.size());
   for (const Explanation& one : explanations) {
     rows.push_back({{one.membership.isShown() ? "✓" : "–",
                      one.membership.isShown() ? Style::kGood : Style::kDim},

@@ -58,11 +58,13 @@ std::string contentOf(const fs::path& file) {
 int spawn(const std::vector<std::string>& words, const std::map<std::string, std::string>& settings,
           const std::string& out, const std::string& errors) {
   std::vector<std::string> environment;
+  environment.reserve(settings.size());
   for (const auto& [name, value] : settings) {
-    environment.push_back(name + "=" + value);
+    environment.push_back(std::string(name).append("=").append(value));
   }
   const auto pointers = [](const std::vector<std::string>& texts) {
     std::vector<char*> result;
+    result.reserve(texts.size() + 1);
     for (const std::string& text : texts) {
       result.push_back(const_cast<char*>(text.c_str()));
     }
