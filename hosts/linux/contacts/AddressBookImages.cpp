@@ -95,7 +95,8 @@ void AddressBookImages::addTo(ABPerson& person, std::int64_t rowID) {
 ABImageData AddressBookImages::load(const std::string& table, std::int64_t rowID) {
   using Access = ReadOnlyDatabase::Access;
   const std::lock_guard lock(mutex_);
-  for (const Access access : {Access::kInPlaceWhenSafe, Access::kPrivateCopy}) {
+  for (const Access access :
+       {Access::kInPlaceWhenSafe, Access::kInPlaceWhenSafe, Access::kPrivateCopy}) {
     if (!database_) {
       auto opened = ReadOnlyDatabase::open(file_, access);
       if (!opened.ok()) {

@@ -30,6 +30,12 @@ bool looksDialled(std::string_view text) {
          });
 }
 
+std::string formatted(const PhoneNumber& number, PhoneNumberUtil::PhoneNumberFormat format) {
+  std::string result;
+  PhoneNumberUtil::GetInstance()->Format(number, format, &result);
+  return result;
+}
+
 std::string shown(const std::string& text, const std::string& homeRegion) {
   if (!looksDialled(text)) {
     return text;
@@ -45,16 +51,20 @@ std::string shown(const std::string& text, const std::string& homeRegion) {
   }
   const bool isHome = number.country_code() == numbers.GetCountryCodeForRegion(homeRegion);
   const bool hasPlus = number.country_code_source() == PhoneNumber::FROM_NUMBER_WITH_PLUS_SIGN;
-  std::string result;
-  if (hasPlus && !isHome) {
-    numbers.Format(number, PhoneNumberUtil::INTERNATIONAL, &result);
-  } else if (isHome) {
-    numbers.Format(number, PhoneNumberUtil::NATIONAL, &result);
+  if (!isHome) {
+    return hasPlus ? formatted(number, PhoneNumberUtil::INTERNATIONAL) : text;
   }
-  if (result.empty()) {
-    return text;
+  const std::string national = formatted(number, PhoneNumberUtil::NATIONAL);
+  if (!hasPlus) {
+    return national;
   }
-  return hasPlus && isHome ? "+" + std::to_string(number.country_code()) + " " + result : result;
+  // A number that begins with "0" at home does not behind the country code.
+  std::string significant;
+  numbers.GetNationalSignificantNumber(number, &significant);
+  digits = national;
+  numbers.NormalizeDigitsOnly(&digits);
+  return digits == significant ? "+" + std::to_string(number.country_code()) + " " + national
+                               : formatted(number, PhoneNumberUtil::INTERNATIONAL);
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ class PhoneFormatter final : public ABPhoneFormatting {
   explicit PhoneFormatter(std::string homeRegion) : homeRegion_(std::move(homeRegion)) {}
 
   // A number without a country code is written as at home ("(555) 555-0100"), one with the home
-  // country code as that with the code before it ("+1 (555) 555-0100"), any other internationally.
+  // country code as that with the code before it ("+1 (555) 555-0100"), unless numbers are written
+  // with another beginning at home; any other internationally.
   // Text with fewer than seven digits, with letters or with "@", pauses, extensions and service
   // codes, and what is no number come back as they are. Never nullopt.
   [[nodiscard]] std::optional<std::string> abCopyPhoneNumberFromString(

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
 #include <unicode/unistr.h>
 
 #include "platform/foundation/Utf8.h"
@@ -99,8 +100,25 @@ struct CloseConverter {
   void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
 
+// Puts U+FFFD for what is not in a character set, and notes it in the `bool` of the context.
+void replaceBroken(const void* context, UConverterToUnicodeArgs* arguments, const char* /*bytes*/,
+                   std::int32_t /*length*/, UConverterCallbackReason reason, UErrorCode* status) {
+  if (reason > UCNV_IRREGULAR) {
+    return;
+  }
+  constexpr char16_t kReplacementUnit = 0xFFFD;
+  *static_cast<bool*>(const_cast<void*>(context)) = true;
+  *status = U_ZERO_ERROR;
+  ucnv_cbToUWriteUChars(arguments, &kReplacementUnit, 1, 0, status);
+}
+
+struct Converted {
+  std::string text;
+  bool wasBroken = false;
+};
+
 // nullopt when the character set is not known.
-std::optional<std::string> convert(std::string_view bytes, const std::string& charset) {
+std::optional<Converted> convert(std::string_view bytes, const std::string& charset) {
   if (bytes.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
     return std::nullopt;
   }
@@ -109,13 +127,16 @@ std::optional<std::string> convert(std::string_view bytes, const std::string& ch
   if (U_FAILURE(status)) {
     return std::nullopt;
   }
+  Converted result;
+  ucnv_setToUCallBack(converter.get(), &replaceBroken, &result.wasBroken, nullptr, nullptr,
+                      &status);
   const icu::UnicodeString unicode(bytes.data(), static_cast<std::int32_t>(bytes.size()),
                                    converter.get(), status);
   if (U_FAILURE(status)) {
     return std::nullopt;
   }
-  std::string text;
-  return unicode.toUTF8String(text);
+  unicode.toUTF8String(result.text);
+  return result;
 }
 
 // Text that was UTF-8 once has some such characters left; else it is the one-byte set that most
@@ -132,7 +153,8 @@ Decoded mended(std::string_view bytes, const std::string& doubt) {
   if (hasLong) {
     return {std::move(text), doubt + "; the broken bytes are replaced"};
   }
-  return {convert(bytes, "windows-1252").value_or(std::move(text)),
+  auto converted = convert(bytes, "windows-1252");
+  return {converted ? std::move(converted->text) : std::move(text),
           doubt + "; read as Windows-1252"};
 }
 
@@ -214,10 +236,9 @@ Decoded toUtf8(std::string bytes, std::string_view charset) {
   }
   // What most writers call Latin-1 is its superset, as on the web.
   const bool latin = name == "ISO-8859-1" || name == "LATIN1" || name == "ISO8859-1";
-  if (auto text = convert(bytes, latin ? "windows-1252" : name)) {
-    const bool broken = text->find(kReplacement) != std::string::npos;
-    return {std::move(*text),
-            broken ? "has bytes that are not " + name + "; they are replaced" : ""};
+  if (auto converted = convert(bytes, latin ? "windows-1252" : name)) {
+    return {std::move(converted->text),
+            converted->wasBroken ? "has bytes that are not " + name + "; they are replaced" : ""};
   }
   const std::string doubt = "has the unknown character set " + std::string(charset);
   return isUtf8(bytes) ? Decoded{std::move(bytes), doubt + "; read as UTF-8"}

@@ -26,6 +26,16 @@ bool writeAndSync(int descriptor, const std::string& bytes) {
   return ::fsync(descriptor) == 0;
 }
 
+// The file behind links, whether or not it exists.
+std::filesystem::path targetOf(std::filesystem::path file) {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(file, error); ++links) {
+    file = file.parent_path() / std::filesystem::read_symlink(file, error);
+  }
+  return file;
+}
+
 }  // namespace
 
 WholeFile readWhole(const std::filesystem::path& file) {
@@ -56,10 +66,7 @@ WholeFile readWhole(const std::filesystem::path& file) {
 
 std::optional<std::string> replaceWhole(const std::filesystem::path& file,
                                         const std::string& bytes) {
-  std::error_code error;
-  const std::filesystem::path target = std::filesystem::is_symlink(file, error)
-                                           ? std::filesystem::weakly_canonical(file, error)
-                                           : file;
+  const std::filesystem::path target = targetOf(file);
   std::string name = target.string() + ".XXXXXX";
   const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
   if (descriptor < 0) {
