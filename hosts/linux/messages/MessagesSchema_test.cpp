@@ -36,24 +36,25 @@ TEST(MessagesSchemaTest, NamesTheTableThatIsMissing) {
 }
 
 TEST(MessagesSchemaTest, NamesTheColumnThatIsMissing) {
-  const std::pair<std::string, std::string> cases[] = {{"chat", "guid"},
-                                                       {"handle", "id"},
-                                                       {"message", "date"},
-                                                       {"message", "text"},
-                                                       {"chat_handle_join", "chat_id"},
-                                                       {"chat_handle_join", "handle_id"},
-                                                       {"chat_message_join", "message_id"}};
-  for (const auto& [table, column] : cases) {
-    const std::string change = "DROP TABLE " + table + "; CREATE TABLE " + table + " (other TEXT";
-    std::string others;
-    for (const auto& [otherTable, otherColumn] : cases) {
-      others += otherTable == table && otherColumn != column ? ", " + otherColumn : "";
-    }
-    if (table == "chat_message_join") {
-      others += ", chat_id";
-    }
-    EXPECT_THAT(refusal(kMiddleSchema, change + others + ")"),
-                HasSubstr("the table \"" + table + "\" has no column \"" + column + "\""));
+  const struct {
+    std::string_view table, column, others;
+  } cases[] = {
+      {"chat", "guid", "style"},
+      {"handle", "id", "service"},
+      {"message", "date", "text"},
+      {"message", "text", "date, attributedBody"},
+      {"chat_handle_join", "chat_id", "handle_id"},
+      {"chat_handle_join", "handle_id", "chat_id"},
+      {"chat_message_join", "chat_id", "message_id"},
+      {"chat_message_join", "message_id", "chat_id, message_date"},
+  };
+  for (const auto& test : cases) {
+    std::string change = "DROP TABLE ";
+    change.append(test.table).append("; CREATE TABLE ").append(test.table);
+    change.append("(").append(test.others).append(")");
+    std::string reason = "the table \"";
+    reason.append(test.table).append("\" has no column \"").append(test.column).append("\"");
+    EXPECT_THAT(refusal(kMiddleSchema, change), HasSubstr(reason));
   }
 }
 

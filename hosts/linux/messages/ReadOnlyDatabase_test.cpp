@@ -31,7 +31,7 @@ class ReadOnlyDatabaseTest : public ::testing::Test {
     const TemporaryFolder scratch;
     const TemporaryFilesIn temporaryFiles(scratch.path());
     const auto before = folder_.contents();
-    const std::string value = read(file);
+    std::string value = read(file);
     EXPECT_TRUE(folder_.contents() == before) << file;
     EXPECT_TRUE(std::filesystem::is_empty(scratch.path())) << file;
     return value;
@@ -134,7 +134,7 @@ TEST_F(ReadOnlyDatabaseTest, FollowsSymbolicLinksToTheSideFilesAsWell) {
 
 TEST_F(ReadOnlyDatabaseTest, SaysWhyAFileCannotBeRead) {
   const std::string whole = [this] {
-    TestDatabase(folder_.file("whole.db"), kRows);
+    TestDatabase(folder_.file("whole.db")).run(kRows);
     return readFile(folder_.file("whole.db"));
   }();
   const struct {
@@ -172,7 +172,7 @@ TEST_F(ReadOnlyDatabaseTest, SaysWhyThereIsNoFileToRead) {
 TEST_F(ReadOnlyDatabaseTest, SaysThatAFileIsNotReadableForThisUser) {
   constexpr uid_t kNobody = 65534;
   const std::string file = folder_.file("a.db");
-  TestDatabase(file, kRows);
+  TestDatabase(file).run(kRows);
   ASSERT_EQ(::chmod(folder_.path().c_str(), 0755), 0);
   ASSERT_EQ(::chmod(file.c_str(), 0), 0);
   const uid_t user = ::geteuid();
@@ -224,7 +224,7 @@ TEST_F(ReadOnlyDatabaseTest, NeitherWritesNorAttaches) {
 }
 
 TEST_F(ReadOnlyDatabaseTest, ComesToAnEndWhateverIsAsked) {
-  TestDatabase(folder_.file("a.db"), kRows);
+  TestDatabase(folder_.file("a.db")).run(kRows);
   auto database = ReadOnlyDatabase::open(folder_.file("a.db"));
   auto endless = database.value().prepare(
       "WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n) SELECT max(x) FROM n");
@@ -233,7 +233,7 @@ TEST_F(ReadOnlyDatabaseTest, ComesToAnEndWhateverIsAsked) {
 }
 
 TEST_F(ReadOnlyDatabaseTest, ReadsNumbersHoweverTheyAreWritten) {
-  TestDatabase(folder_.file("a.db"), kRows);
+  TestDatabase(folder_.file("a.db")).run(kRows);
   auto database = ReadOnlyDatabase::open(folder_.file("a.db"));
   auto row =
       database.value().prepare("SELECT 7, 7.9, '7', ' 7', '7x', x'37', NULL, 9e99, -9e99, ''");

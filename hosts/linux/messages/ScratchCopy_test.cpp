@@ -18,7 +18,7 @@ using ::testing::HasSubstr;
 class ScratchCopyTest : public ::testing::Test {
  protected:
   ScratchCopyTest() {
-    TestDatabase(file_, "CREATE TABLE t (a)");
+    TestDatabase(file_).run("CREATE TABLE t (a)");
     writeFile(file_ + "-wal", "log");
   }
 

@@ -93,7 +93,7 @@ std::optional<std::uint64_t> Reader::length() {
 
 // The index that a label stands for; null when the label is no reference.
 std::optional<std::size_t> Reader::reference(std::uint8_t label) {
-  std::int64_t value = static_cast<std::int8_t>(label);
+  std::int64_t value = label < 0x80 ? label : label - 0x100;
   if (label == kInt16 || label == kInt32) {
     const auto wide = unsignedInteger(label == kInt16 ? 2 : 4);
     if (!wide) {
