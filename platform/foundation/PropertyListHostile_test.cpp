@@ -62,6 +62,17 @@ TEST(PropertyListHostileTest, RefusesTrailersThatLie) {
   }
 }
 
+TEST(PropertyListHostileTest, RefusesMoreObjectsThanOffsetsCanTellApart) {
+  for (const std::size_t count : {200U, 257U}) {
+    BinaryFile file{std::vector<std::string>(count, "\x09")};
+    file.offsetSize = 2;
+    EXPECT_EQ(reasonFor(file.bytes()), "no error");
+    file.offsetSize = 1;
+    EXPECT_EQ(reasonFor(file.bytes()),
+              count == 200 ? "no error" : "the trailer gives no possible number of objects");
+  }
+}
+
 TEST(PropertyListHostileTest, RefusesOffsetsOutsideTheObjects) {
   const std::string file = BinaryFile{{"\xA1\x01"s, "\x51x"s}}.bytes();
   for (const char offset : {'\0', '\x07', '\x0C', '\x0E', '\xFF'}) {

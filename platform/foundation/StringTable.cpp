@@ -216,7 +216,7 @@ bool TableReader::appendUtf16(std::string& out, std::size_t start) {
     }
     units += {static_cast<char>(*unit >> 8U), static_cast<char>(*unit & 0xFFU)};
     const bool isHighSurrogate = *unit >= 0xD800 && *unit < 0xDC00;
-    if (i > 0 || !isHighSurrogate || (!startsHere("\\U") && !startsHere("\\u"))) {
+    if (!isHighSurrogate || (!startsHere("\\U") && !startsHere("\\u"))) {
       break;
     }
     at_ += 2;
