@@ -1,6 +1,7 @@
 #include "platform/foundation/Description.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <string_view>
@@ -44,27 +45,23 @@ std::string real(double value) {
   return text;
 }
 
-// Days and time of the proleptic Gregorian calendar.
+// As a number when it lies outside the years that the calendar knows.
 std::string date(const Date& value) {
-  constexpr double kDay = 86400.0;
   const double seconds = value.secondsSince1970();
-  if (!std::isfinite(seconds) || std::abs(seconds) > 1e14) {
+  if (!std::isfinite(seconds) || std::abs(seconds) > 9e11) {
     return real(seconds);
   }
-  const auto days = static_cast<long long>(std::floor(seconds / kDay));
-  const auto rest = static_cast<int>(seconds - static_cast<double>(days) * kDay);
-  const long long shifted = days + 719468;
-  const long long era = (shifted >= 0 ? shifted : shifted - 146096) / 146097;
-  const long long dayOfEra = shifted - era * 146097;
-  const long long yearOfEra =
-      (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-  const long long dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-  const long long month = (5 * dayOfYear + 2) / 153;
-  const long long day = dayOfYear - (153 * month + 2) / 5 + 1;
-  const long long year = yearOfEra + era * 400 + (month >= 10 ? 1 : 0);
-  char text[64];
-  std::snprintf(text, sizeof text, "%04lld-%02lld-%02lld %02d:%02d:%02d +0000", year,
-                month < 10 ? month + 3 : month - 9, day, rest / 3600, rest / 60 % 60, rest % 60);
+  const std::chrono::sys_seconds time(
+      std::chrono::seconds(static_cast<std::int64_t>(std::floor(seconds))));
+  const auto day = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day calendar(day);
+  const std::chrono::hh_mm_ss clock(time - day);
+  char text[80];
+  std::snprintf(text, sizeof text, "%04d-%02u-%02u %02d:%02d:%02d +0000",
+                static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
+                static_cast<unsigned>(calendar.day()), static_cast<int>(clock.hours().count()),
+                static_cast<int>(clock.minutes().count()),
+                static_cast<int>(clock.seconds().count()));
   return text;
 }
 
