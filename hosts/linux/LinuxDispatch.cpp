@@ -141,6 +141,8 @@ void LinuxDispatch::MainQueue::sync(const Task& task) {
 }
 
 void LinuxDispatch::MainQueue::stop() {
+  // Closed before anybody is let go, who could otherwise make room for a task that waits.
+  workers_->close();
   // Dropped when the lock is gone, since what a task holds may ask for a task in its destructor.
   std::deque<Task> tasks;
   std::multimap<Time, Task> delayed;

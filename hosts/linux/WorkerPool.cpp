@@ -25,18 +25,23 @@ bool WorkerPool::isIdle() {
   return isIdleLocked();
 }
 
-void WorkerPool::stop() {
+void WorkerPool::close() {
   // Dropped when the lock is gone, since what a task holds may ask for a task in its destructor.
   Tasks dropped;
+  const std::lock_guard lock(mutex_);
+  stopped_ = true;
+  waiting_ = 0;
+  dropped.swap(tasks_);
+  changed_.notify_all();
+}
+
+void WorkerPool::stop() {
+  close();
   std::vector<std::thread> threads;
   {
     const std::lock_guard lock(mutex_);
-    stopped_ = true;
-    waiting_ = 0;
-    dropped.swap(tasks_);
     threads.swap(threads_);
   }
-  changed_.notify_all();
   for (std::thread& thread : threads) {
     thread.join();
   }

@@ -34,8 +34,10 @@ class WorkerPool {
   // Whether no task waits or runs.
   [[nodiscard]] bool isIdle();
 
-  // Takes nothing more, drops what waits, and returns when what runs has ended. Not on one of its
-  // own threads.
+  // Takes nothing more and drops what waits; what runs goes on.
+  void close();
+
+  // Closes, and returns when what runs has ended. Not on one of its own threads.
   void stop();
 
  private:
