@@ -46,7 +46,7 @@ std::shared_ptr<AddressBookImages> AddressBookImages::open(const std::filesystem
     notes.error(file.string(), 0, opened.error().reason);
     return nullptr;
   }
-  const std::shared_ptr<AddressBookImages> images(new AddressBookImages(file));
+  std::shared_ptr<AddressBookImages> images(new AddressBookImages(file));
   images->database_ = std::move(opened).value();
   images->findPeople(notes);
   return images;

@@ -28,6 +28,7 @@ ABPerson VCardTexts::person(std::string_view text) const {
 std::vector<std::string> withoutFile(const std::vector<std::string>& notes,
                                      const std::string& file) {
   std::vector<std::string> texts;
+  texts.reserve(notes.size());
   for (const std::string& note : notes) {
     texts.push_back(note.starts_with(file + ":") ? note.substr(file.size() + 1) : note);
   }

@@ -20,7 +20,7 @@ using Ids = std::vector<std::pair<std::string, std::int32_t>>;
 class ContactSourcesTest : public ::testing::Test {
  protected:
   std::string put(const std::string& below, const std::string& text) const {
-    const std::string file = folder_.file("in/" + below);
+    std::string file = folder_.file("in/" + below);
     std::filesystem::create_directories(std::filesystem::path(file).parent_path());
     writeFile(file, text);
     return file;
@@ -29,7 +29,7 @@ class ContactSourcesTest : public ::testing::Test {
   // People by "ROWID:NAME".
   std::string putBook(const std::string& below,
                       const std::vector<std::pair<int, std::string>>& people) const {
-    const std::string file = put(below, "");
+    std::string file = put(below, "");
     TestDatabase book(file, kAddressBookTables);
     for (const auto& [row, name] : people) {
       book.run("INSERT INTO ABPerson (ROWID, First, guid) VALUES (" + std::to_string(row) + ", '" +
@@ -109,7 +109,8 @@ TEST_F(ContactSourcesTest, FoldersAreSearchedInTheOrderOfTheirPaths) {
   putBook("z/AddressBook.sqlitedb", {{1, "Row"}});
   put("z/AddressBookImages.sqlitedb", "");
   std::filesystem::remove(folder_.file("in/z/AddressBookImages.sqlitedb"));
-  TestDatabase(folder_.file("in/z/AddressBookImages.sqlitedb"), kAddressBookImagesTables);
+  const TestDatabase images(folder_.file("in/z/AddressBookImages.sqlitedb"),
+                            kAddressBookImagesTables);
   EXPECT_EQ(
       read({in_}),
       (Ids{{"Row", 1}, {"One", 1000001}, {"Two", 1000002}, {"Deep", 1000003}, {"Three", 1000004}}));

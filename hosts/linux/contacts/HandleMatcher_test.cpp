@@ -128,6 +128,7 @@ TEST(HandleMatcherTest, NothingMatchesNobody) {
 
 TEST(HandleMatcherTest, ManyThreadsMayAsk) {
   std::vector<ABPersonRef> people;
+  people.reserve(1000);
   for (std::int32_t id = 0; id < 1000; ++id) {
     people.push_back(person(
         id + 1, {"+1 555 " + std::to_string(100 + id % 10) + " " + std::to_string(1000 + id)}));
@@ -135,6 +136,7 @@ TEST(HandleMatcherTest, ManyThreadsMayAsk) {
   const HandleMatcher matcher(people, "US");
   std::vector<std::thread> threads;
   std::vector<int> hits(4);
+  threads.reserve(hits.size());
   for (int& count : hits) {
     threads.emplace_back([&matcher, &count] {
       for (std::int32_t id = 0; id < 1000; id += 7) {

@@ -54,7 +54,7 @@ std::string shown(const std::string& text, const std::string& homeRegion) {
   if (!isHome) {
     return hasPlus ? formatted(number, PhoneNumberUtil::INTERNATIONAL) : text;
   }
-  const std::string national = formatted(number, PhoneNumberUtil::NATIONAL);
+  std::string national = formatted(number, PhoneNumberUtil::NATIONAL);
   if (!hasPlus) {
     return national;
   }

@@ -40,15 +40,15 @@ int hexByte(std::string_view text, std::size_t at) {
 constexpr int kSpace = -1;
 constexpr int kForeign = -2;
 
-constexpr std::array<std::int8_t, 256> base64Values() {
-  std::array<std::int8_t, 256> values{};
-  for (std::int8_t& value : values) {
+constexpr std::array<int, 256> base64Values() {
+  std::array<int, 256> values{};
+  for (int& value : values) {
     value = kForeign;
   }
   constexpr std::string_view kDigits =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
   for (std::size_t i = 0; i < kDigits.size(); ++i) {
-    values[static_cast<unsigned char>(kDigits[i])] = static_cast<std::int8_t>(i);
+    values[static_cast<unsigned char>(kDigits[i])] = static_cast<int>(i);
   }
   for (const char c : std::string_view(" \t\r\n")) {
     values[static_cast<unsigned char>(c)] = kSpace;
@@ -56,7 +56,7 @@ constexpr std::array<std::int8_t, 256> base64Values() {
   return values;
 }
 
-constexpr std::array<std::int8_t, 256> kBase64Values = base64Values();
+constexpr std::array<int, 256> kBase64Values = base64Values();
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 

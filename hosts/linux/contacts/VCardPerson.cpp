@@ -76,6 +76,7 @@ std::optional<ABPerson> PersonBuilder::build() {
       return left.preference < right.preference;
     });
     std::vector<ABLabeledText> texts;
+    texts.reserve(ranked.size());
     for (Ranked& entry : ranked) {
       texts.push_back(std::move(entry.text));
     }
