@@ -1,7 +1,7 @@
 #include "apps/zephyls/Json.h"
 
+#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
@@ -85,17 +85,20 @@ nlohmann::ordered_json jsonOf(const Value& value) {
 }
 
 std::string isoTime(double seconds) {
-  const double whole = std::floor(seconds);
-  const std::time_t time = static_cast<std::time_t>(whole);
+  // To the microsecond: what doubles keep of times in this century. Databases and property lists
+  // hold no time outside these bounds.
+  constexpr double kFurthest = 9e12;
+  constexpr std::int64_t kMicros = 1'000'000;
+  const std::int64_t micros = std::llround(std::clamp(seconds, -kFurthest, kFurthest) * kMicros);
+  const std::int64_t fraction = ((micros % kMicros) + kMicros) % kMicros;
+  const std::time_t time = (micros - fraction) / kMicros;
   std::tm parts{};
   gmtime_r(&time, &parts);
   std::array<char, 64> text{};
   std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%S", &parts);
   std::string result = text.data();
-  // To the microsecond: what doubles keep of times in this century.
-  const long micros = std::lround((seconds - whole) * 1e6);
-  if (micros > 0 && micros < 1'000'000) {
-    std::snprintf(text.data(), text.size(), ".%06ld", micros);
+  if (fraction > 0) {
+    std::snprintf(text.data(), text.size(), ".%06lld", static_cast<long long>(fraction));
     result += text.data();
     result.erase(result.find_last_not_of('0') + 1);
   }
