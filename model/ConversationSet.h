@@ -4,6 +4,7 @@
 
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "platform/chatkit/CKConversation.h"
 
@@ -13,9 +14,9 @@ class ConversationSet {
  public:
   explicit ConversationSet(CKConversationArray conversations)
       : conversations_(std::move(conversations)) {
-    for (const auto& conversation : conversations_) {
-      index_.insert(conversation.get());
-    }
+    std::erase_if(conversations_, [this](const CKConversationRef& conversation) {
+      return !index_.insert(conversation.get()).second;
+    });
   }
 
   [[nodiscard]] bool contains(const CKConversation& conversation) const {

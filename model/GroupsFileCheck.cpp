@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <set>
+#include <utility>
 
 #include "platform/foundation/Dictionary.h"
 #include "platform/foundation/PropertyList.h"
@@ -14,31 +15,6 @@
 namespace zephyl {
 
 namespace {
-
-struct KeyType {
-  const char* key;
-  Value::Type type;
-};
-
-constexpr std::array<KeyType, 17> kKeyTypes = {{
-    {keys::kIdentifier, Value::Type::kInteger},
-    {keys::kTitle, Value::Type::kString},
-    {keys::kSubTitle, Value::Type::kString},
-    {keys::kHeaderImagePath, Value::Type::kString},
-    {keys::kBackGroundImagePath, Value::Type::kString},
-    {keys::kMarkerCode, Value::Type::kString},
-    {keys::kCreatedDate, Value::Type::kDate},
-    {keys::kEnabled, Value::Type::kBoolean},
-    {keys::kActive, Value::Type::kBoolean},
-    {keys::kSystem, Value::Type::kBoolean},
-    {keys::kPasswordProtected, Value::Type::kBoolean},
-    {keys::kZephylSystemMode, Value::Type::kInteger},
-    {keys::kUpdatedDate, Value::Type::kDate},
-    {keys::kContacts, Value::Type::kArray},
-    {keys::kHidesInDefaultGroups, Value::Type::kBoolean},
-    {keys::kHidesOnLockScreen, Value::Type::kBoolean},
-    {keys::kMaskedMessage, Value::Type::kString},
-}};
 
 const char* nameOf(Value::Type type) {
   static constexpr std::array<const char*, 11> kNames = {
@@ -66,21 +42,25 @@ class Inspection {
   void skip(const Value& element) {
     ++number_;
     group_ = "element " + std::to_string(number_);
-    note("", std::string("is ") + nameOf(element.type()) + ", not a dictionary, and is no group");
+    note("",
+         std::string("is ") + nameOf(element.type()) +
+             ", not a dictionary; it is no group and goes with the next save",
+         /*isSerious=*/true);
   }
 
   [[nodiscard]] std::vector<GroupsFileProblem> take() { return std::move(problems_); }
 
  private:
-  void note(const char* key, std::string reason) {
-    problems_.push_back({*key == '\0' ? group_ : group_ + ", key " + key, std::move(reason)});
+  void note(const char* key, std::string reason, bool isSerious = false) {
+    problems_.push_back(
+        {*key == '\0' ? group_ : group_ + ", key " + key, std::move(reason), isSerious});
   }
 
   void inspectTypes(const Dictionary& group) {
     for (const auto& [key, value] : group) {
-      const auto known = std::find_if(kKeyTypes.begin(), kKeyTypes.end(),
-                                      [&](const KeyType& one) { return key == one.key; });
-      if (known == kKeyTypes.end()) {
+      const auto known = std::find_if(kGroupKeys.begin(), kGroupKeys.end(),
+                                      [&](const GroupKey& one) { return key == one.name; });
+      if (known == kGroupKeys.end()) {
         note(key.c_str(), "is not known; it is kept");
       } else if (value.type() != known->type) {
         note(key.c_str(), std::string("is ") + nameOf(value.type()) + ", not " +
@@ -92,10 +72,12 @@ class Inspection {
   void inspectIdentifier(const Dictionary& group) {
     const std::int64_t identifier = group[keys::kIdentifier].integerValue();
     if (identifier < 1) {
-      note(keys::kIdentifier, "is missing or below 1; the group gets a new one at each start");
+      note(keys::kIdentifier, "is missing or below 1; the group gets a new one with the next save");
     } else if (!identifiers_.insert(identifier).second) {
-      note(keys::kIdentifier, std::to_string(identifier) +
-                                  " belongs to an earlier group too; the two count as one group");
+      note(keys::kIdentifier,
+           std::to_string(identifier) +
+               " belongs to an earlier group too; the two count as one group",
+           /*isSerious=*/true);
     }
   }
 

@@ -16,6 +16,8 @@ namespace zephyl {
 struct GroupsFileProblem {
   std::string place;   // "group 3 (Work), key enabled"
   std::string reason;  // what is wrong and how it is read nevertheless
+  // Whether the next save changes what stands there, or groups are mistaken for one another.
+  bool isSerious = false;
 };
 
 // Why reading these bytes would lose something: they are no property list, the root is no array, or

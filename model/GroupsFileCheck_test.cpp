@@ -51,14 +51,14 @@ TEST(GroupsFileCheckTest, EachProblemNamesItsGroupAndKey) {
           "group 1 (Work), key enabled is a text, not a boolean; it is read as the nearest value "
           "and kept",
           "group 1 (Work), key later is not known; it is kept",
-          "element 2 is an integer, not a dictionary, and is no group",
+          "element 2 is an integer, not a dictionary; it is no group and goes with the next save",
           "group 3 (Twin), key identifier 1 belongs to an earlier group too; the two count as one "
           "group",
           "group 3 (Twin), key contacts 1 elements are neither numbers nor texts; they are kept "
           "but are no members",
           "group 3 (Twin), key contacts 1 members stand there more than once",
-          "group 4 (None), key identifier is missing or below 1; the group gets a new one at each "
-          "start",
+          "group 4 (None), key identifier is missing or below 1; the group gets a new one with the "
+          "next save",
           "group 4 (None), key zephylSystemMode 9 is no system group; it shows nothing",
           "group 6 (B), key zephylSystemMode the same system group stands there more than once"}));
 }

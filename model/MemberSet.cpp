@@ -15,6 +15,9 @@ std::optional<Member> memberOf(const Value& element) {
   if (const auto* text = element.ifString()) {
     return Member(*text);
   }
+  if (const auto* boolean = element.ifBoolean()) {
+    return Member(std::int64_t{*boolean ? 1 : 0});
+  }
   constexpr double kExactIntegers = 9007199254740992.0;
   const auto* real = element.ifReal();
   if (real != nullptr && std::trunc(*real) == *real && std::abs(*real) <= kExactIntegers) {
@@ -24,6 +27,10 @@ std::optional<Member> memberOf(const Value& element) {
 }
 
 }  // namespace
+
+bool isChatGuid(const std::string& text) {
+  return text.starts_with("SMS") || text.starts_with("sms") || text.starts_with("iMessage");
+}
 
 MemberSet::MemberSet(std::initializer_list<Member> members) {
   for (const Member& member : members) {

@@ -18,13 +18,17 @@ namespace zephyl {
 
 using Member = std::variant<std::int64_t, std::string>;
 
+// Whether a member that is text names a conversation; any other text is an address.
+[[nodiscard]] ZP_EXPORT bool isChatGuid(const std::string& text);
+
 class ZP_EXPORT MemberSet {
  public:
   MemberSet() = default;
   MemberSet(std::initializer_list<Member> members);
 
-  // Integers and texts become members, a real without fraction the integer that it equals. Elements
-  // of other types are no members; they are carried along and written back by `array`.
+  // Integers and texts become members, a real without fraction and a boolean the integer that they
+  // equal. Elements of other types are no members; they are carried along and written back by
+  // `array`.
   explicit MemberSet(const Array& elements);
 
   // False when it was there already.

@@ -34,10 +34,17 @@ TEST(MemberSetTest, ARealWithoutFractionIsTheIntegerAndIsWrittenAsItCame) {
   EXPECT_EQ(members.array(), (Array{7.0, 7.5, 1e300}));
 }
 
+TEST(MemberSetTest, ABooleanIsTheIntegerAndIsWrittenAsItCame) {
+  const MemberSet members(Array{true, 1});
+  EXPECT_EQ(members.size(), 1U);
+  EXPECT_TRUE(members.contains(std::int64_t{1}));
+  EXPECT_EQ(members.array(), Array{true});
+}
+
 TEST(MemberSetTest, ElementsOfOtherTypesAreCarriedBehindTheMembers) {
-  const MemberSet members(Array{true, Data{1}, "a", Array{}, 5});
+  const MemberSet members(Array{Date{1}, Data{1}, "a", Array{}, 5});
   EXPECT_EQ(members.size(), 2U);
-  EXPECT_EQ(members.array(), (Array{"a", 5, true, Data{1}, Array{}}));
+  EXPECT_EQ(members.array(), (Array{"a", 5, Date{1}, Data{1}, Array{}}));
 }
 
 }  // namespace

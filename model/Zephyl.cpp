@@ -21,6 +21,16 @@ constexpr char kLastIdentifierKey[] = "LAST_GEN_IDENTIFIER";
 constexpr char kDefaultMaskedMessage[] =
     "This message is protected by Zephyls and available in Messages app only.";
 
+// As the phone joins path components: one slash between the two, none at the end.
+std::string joined(const std::string& directory, const std::string& component) {
+  const std::size_t first = component.find_first_not_of('/');
+  if (first == std::string::npos) {
+    return directory;
+  }
+  const std::size_t last = component.find_last_not_of('/');
+  return directory + "/" + component.substr(first, last - first + 1);
+}
+
 }  // namespace
 
 Zephyl::Zephyl() {
@@ -73,9 +83,8 @@ UIImageRef Zephyl::headerImage() {
   if (headerImage_ != nullptr) {
     return headerImage_;
   }
-  const std::string path = headerImagePath_.empty()
-                               ? std::string()
-                               : std::string(kGroupPicturesDirectory) + "/" + headerImagePath_;
+  const std::string path =
+      headerImagePath_.empty() ? std::string() : joined(kGroupPicturesDirectory, headerImagePath_);
   // Kept: the message bears the name of the data key, and every process sends it on every release.
   const Dictionary userInfo{{kServiceMessageData, path}};
   const auto reply = host().messagingCenter().sendMessageAndReceiveReplyName(

@@ -34,8 +34,10 @@ enum ZephylSystemMode : std::int64_t {
   ZephylSystemModeKnown = 5,
 };
 
-class ZP_EXPORT Zephyl : public std::enable_shared_from_this<Zephyl> {
+class ZP_EXPORT Zephyl final : public std::enable_shared_from_this<Zephyl> {
  public:
+  // Made with std::make_shared and in no other way: background work holds on to the record.
+
   // Takes a fresh identifier; every other property keeps its zero value.
   Zephyl();
 

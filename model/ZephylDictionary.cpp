@@ -1,5 +1,7 @@
 // The dictionary form of a group.
 
+#include <algorithm>
+#include <cassert>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -23,6 +25,13 @@ Dictionary systemGroup(const char* title, const char* subTitle, ZephylSystemMode
                     {keys::kSystem, true}};
 }
 
+Value::Type typeOf(std::string_view key) {
+  const auto found = std::find_if(kGroupKeys.begin(), kGroupKeys.end(),
+                                  [&](const GroupKey& one) { return key == one.name; });
+  assert(found != kGroupKeys.end());
+  return found->type;
+}
+
 // Reads the keys of a dictionary one by one. A value whose type its key does not have is handed to
 // `carried`, and what it converts to (or the zero value) is given back.
 class Reader {
@@ -31,17 +40,17 @@ class Reader {
       : dictionary_(dictionary), carried_(carried) {}
 
   std::string text(const char* key) {
-    const Value value = take(key, Value::Type::kString);
+    const Value value = take(key);
     return value.ifString() == nullptr ? std::string() : *value.ifString();
   }
-  bool boolean(const char* key) { return take(key, Value::Type::kBoolean).boolValue(); }
-  std::int64_t integer(const char* key) { return take(key, Value::Type::kInteger).integerValue(); }
+  bool boolean(const char* key) { return take(key).boolValue(); }
+  std::int64_t integer(const char* key) { return take(key).integerValue(); }
   std::optional<Date> date(const char* key) {
-    const Value value = take(key, Value::Type::kDate);
+    const Value value = take(key);
     return value.ifDate() == nullptr ? std::nullopt : std::optional(*value.ifDate());
   }
   std::shared_ptr<const MemberSet> members(const char* key) {
-    const Value value = take(key, Value::Type::kArray);
+    const Value value = take(key);
     return value.ifArray() == nullptr ? std::make_shared<const MemberSet>()
                                       : std::make_shared<const MemberSet>(*value.ifArray());
   }
@@ -56,10 +65,10 @@ class Reader {
   }
 
  private:
-  Value take(const char* key, Value::Type expected) {
+  Value take(const char* key) {
     known_.insert(key);
     Value value = dictionary_[key];
-    if (!value.isNull() && value.type() != expected) {
+    if (!value.isNull() && value.type() != typeOf(key)) {
       carried_.set(key, value);
     }
     return value;

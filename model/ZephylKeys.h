@@ -3,6 +3,10 @@
 
 #pragma once
 
+#include <array>
+
+#include "platform/foundation/Value.h"
+
 namespace zephyl {
 
 inline constexpr char kGroupsFilePath[] =
@@ -37,5 +41,31 @@ inline constexpr char kHidesOnLockScreen[] = "shouldHideConversationsOnLockScree
 inline constexpr char kMaskedMessage[] = "maskedMessage";
 
 }  // namespace keys
+
+// A key with the type of its value as the library writes it.
+struct GroupKey {
+  const char* name;
+  Value::Type type;
+};
+
+inline constexpr std::array<GroupKey, 17> kGroupKeys = {{
+    {keys::kIdentifier, Value::Type::kInteger},
+    {keys::kTitle, Value::Type::kString},
+    {keys::kSubTitle, Value::Type::kString},
+    {keys::kHeaderImagePath, Value::Type::kString},
+    {keys::kBackGroundImagePath, Value::Type::kString},
+    {keys::kMarkerCode, Value::Type::kString},
+    {keys::kCreatedDate, Value::Type::kDate},
+    {keys::kEnabled, Value::Type::kBoolean},
+    {keys::kActive, Value::Type::kBoolean},
+    {keys::kSystem, Value::Type::kBoolean},
+    {keys::kPasswordProtected, Value::Type::kBoolean},
+    {keys::kZephylSystemMode, Value::Type::kInteger},
+    {keys::kUpdatedDate, Value::Type::kDate},
+    {keys::kContacts, Value::Type::kArray},
+    {keys::kHidesInDefaultGroups, Value::Type::kBoolean},
+    {keys::kHidesOnLockScreen, Value::Type::kBoolean},
+    {keys::kMaskedMessage, Value::Type::kString},
+}};
 
 }  // namespace zephyl

@@ -58,16 +58,14 @@ bool Zephyl::isConversationMemberOfYou(const CKConversationRef& conversation) co
 bool Zephyl::counts(const CKConversationRef& conversation) const {
   const auto members = contacts();
   const auto& handles = conversation->handles();
-  const auto isMember = [&](const IMHandle& handle) {
-    const auto identity = contactIdentity(handle);
+  const auto isMember = [&](const std::optional<Member>& identity) {
     return identity && members != nullptr && members->contains(*identity);
   };
   if (!conversation->isGroupConversation()) {
-    return (!handles.empty() && isMember(handles.front())) ||
-           isConversationMemberOfYou(conversation);
+    return isMember(firstContactIdentity(*conversation)) || isConversationMemberOfYou(conversation);
   }
   return std::any_of(handles.begin(), handles.end(), [&](const IMHandle& handle) {
-    return isMember(handle) || isConversationMemberOfYou(conversation);
+    return isMember(contactIdentity(handle)) || isConversationMemberOfYou(conversation);
   });
 }
 
@@ -81,7 +79,7 @@ std::int64_t Zephyl::unreadWeight(const CKConversationRef& conversation, bool an
       return anyGroupHides || conversation->isGroupConversation() ? 1 : 0;
     case ZephylSystemModeUnknown:
       if (!conversation->isGroupConversation()) {
-        return handles.empty() || isUnknown(handles.front()) ? 1 : 0;
+        return firstContactIdentity(*conversation) ? 0 : 1;
       }
       // Kept: a group conversation counts once for every unknown participant.
       return std::count_if(handles.begin(), handles.end(), isUnknown);

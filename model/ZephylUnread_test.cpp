@@ -97,6 +97,19 @@ TEST_F(ZephylUnreadTest, AContactIdentityCountsAsRecordIdBeforeContactIdentifier
   EXPECT_EQ(*group->unreadConversations(), std::set<std::string>{"b"});
 }
 
+TEST_F(ZephylUnreadTest, AContactWithoutAnIdentifierIsNoKnownContact) {
+  const auto nameless = IMHandle::withContact("+15550100", /*isContact=*/true, "");
+  const auto group = loaded(systemGroup(ZephylSystemModeUnknown), {unreadChat("a", {nameless})});
+  EXPECT_EQ(group->unreadCount(), 1);
+}
+
+TEST_F(ZephylUnreadTest, AConversationThatIsListedTwiceCountsOnce) {
+  const auto twice = unreadChat("a", {known(1)});
+  const auto group = loaded(made(GroupBuilder(1, "Work")), {twice, chat("b", {known(2)}), twice});
+  EXPECT_EQ(group->conversations()->conversations().size(), 2U);
+  EXPECT_EQ(group->unreadCount(), 1);
+}
+
 TEST_F(ZephylUnreadTest, AConversationBelongsByObjectOrByItsGuid) {
   const auto held = chat("a", {known(1)});
   const auto group = loaded(made(GroupBuilder(1, "Work").members({"b"})), {held});
@@ -133,6 +146,31 @@ TEST_F(ZephylUnreadTest, AStaleCountIsMadeInTheBackgroundAndThenNoLongerStale) {
   EXPECT_EQ(count, 1);
   EXPECT_NE(thread, std::this_thread::get_id());
   EXPECT_FALSE(group->requiresUpdateForUnReadCount());
+}
+
+TEST_F(ZephylUnreadTest, AStaleCountOfAFreshGroupIsMadeTwiceAndSoIsRightAtOnce) {
+  device_.conversationList().setConversations(
+      {unreadChat("a", {known(1)}), unreadChat("b", {known(2)})});
+  const auto group = made(GroupBuilder(1, "Work"));
+  std::int64_t count = -1;
+  bool stale = true;
+  group->loadUnreadCount([&](std::int64_t result) {
+    count = result;
+    stale = group->requiresUpdateForUnReadCount();
+  });
+  device_.dispatch().runGlobal();
+  EXPECT_EQ(count, 2);
+  EXPECT_FALSE(stale);
+  EXPECT_EQ(device_.conversationList().asked(), 1);
+}
+
+TEST_F(ZephylUnreadTest, BackgroundWorkStandsOnTheQueueOfHighPriority) {
+  const auto group = made(GroupBuilder(1, "Work"));
+  group->loadAffiliatedConversations(/*inBackground=*/true);
+  EXPECT_EQ(device_.dispatch().waitingGlobal(QueuePriority::kHigh), 1U);
+  group->loadUnreadCount(nullptr);
+  EXPECT_EQ(device_.dispatch().waitingGlobal(QueuePriority::kHigh), 2U);
+  EXPECT_EQ(device_.dispatch().waitingGlobal(), 2U);
 }
 
 TEST_F(ZephylUnreadTest, AStaleCountNeedsNoCompletion) {

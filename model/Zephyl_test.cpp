@@ -107,6 +107,16 @@ TEST_F(ZephylTest, TheDefaultTextComesFromTheSettingsBundleInTheUsersLanguage) {
   EXPECT_EQ(made(GroupBuilder(1, "A"))->maskedMessage(), "Geschützt.");
 }
 
+TEST_F(ZephylTest, WithoutTheSettingsBundleTheDefaultTextComesFromTheMainBundle) {
+  device_.files().put("/Applications/MobileSMS.app/en.lproj/Localizable.strings",
+                      std::string("\"") + kDefaultText + "\" = \"From the app.\";\n");
+  EXPECT_EQ(made(GroupBuilder(1, "A"))->maskedMessage(), "From the app.");
+  // The settings bundle is asked alone once it is there, even when it has no such text.
+  device_.files().put(
+      "/System/Library/PreferenceBundles/ZephylsSettings.bundle/en.lproj/Localizable.strings", "");
+  EXPECT_EQ(made(GroupBuilder(1, "A"))->maskedMessage(), kDefaultText);
+}
+
 TEST_F(ZephylTest, TheDefaultTextBecomesTheGroupsOwnOnceItIsWritten) {
   const auto stored = made(GroupBuilder(1, "A"))->dictionaryRepresentation();
   EXPECT_EQ(stored[keys::kMaskedMessage], Value(kDefaultText));
@@ -163,6 +173,15 @@ TEST_F(HeaderImageTest, ThePathIsThatOfThePicturesDirectory) {
   EXPECT_EQ(sent[0].name, "ZephylsServiceMessageData");
   EXPECT_EQ((*sent[0].userInfo)["ZephylsServiceMessageData"],
             Value("/var/mobile/Library/Preferences/Zephyls/7.png"));
+}
+
+TEST_F(HeaderImageTest, TheNameIsJoinedAsAPathComponent) {
+  for (const char* name : {"/7.png", "7.png/", "//7.png"}) {
+    EXPECT_EQ(made(GroupBuilder(7, "A").with(keys::kHeaderImagePath, name))->headerImage(),
+              nullptr);
+    EXPECT_EQ((*device_.messagingCenter().sent().back().userInfo)["ZephylsServiceMessageData"],
+              Value("/var/mobile/Library/Preferences/Zephyls/7.png"));
+  }
 }
 
 TEST_F(HeaderImageTest, AGroupWithoutAPictureAsksWithAnEmptyPathEachTime) {

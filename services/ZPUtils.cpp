@@ -21,10 +21,6 @@ bool isAtLeast(float version) {
   return Value(host().device().systemVersion()).floatValue() >= version;
 }
 
-std::string chatKitText(const std::string& key) {
-  return NSBundle::ckFrameworkBundle()->localizedStringForKey(key, std::nullopt, "ChatKit");
-}
-
 }  // namespace
 
 bool ZPUtils::isIOS8() {
@@ -72,14 +68,14 @@ bool ZPUtils::supportsTouchID() {
 }
 
 std::string ZPUtils::chatKitLocalizedString(const std::string& key) {
-  return chatKitText(key);
+  return NSBundle::ckFrameworkBundle()->localizedStringForKey(key, std::nullopt, "ChatKit");
 }
 
 std::optional<std::string> ZPUtils::chatKitLocalizedStringWithKeys(
     const std::vector<std::string>& keys) {
   std::optional<std::string> text;
   for (const std::string& key : keys) {
-    text = chatKitText(key);
+    text = chatKitLocalizedString(key);
     if (*text != key) {
       break;
     }
@@ -102,8 +98,8 @@ std::string ZPUtils::plainPhoneNumber(const std::string& text) {
   return plain;
 }
 
-std::int64_t ZPUtils::contactIDFromPhoneNumber(
-    const std::string& /*plainNumber*/, const std::shared_ptr<ABAddressBook>& /*addressBook*/) {
+std::int64_t ZPUtils::contactIDFromPhoneNumber(const std::string& /*plainNumber*/,
+                                               const ABAddressBookRef& /*addressBook*/) {
   return -1;
 }
 

@@ -10,11 +10,10 @@
 #include <vector>
 
 #include "platform/Export.h"
+#include "platform/addressbook/ABAddressBook.h"
 #include "platform/localauthentication/LAContext.h"
 
 namespace zephyl {
-
-class ABAddressBook;
 
 class ZP_EXPORT ZPUtils {
  public:
@@ -54,8 +53,8 @@ class ZP_EXPORT ZPUtils {
   [[nodiscard]] static std::string plainPhoneNumber(const std::string& text);
 
   // Kept: always -1, "unknown"; a look-up can be put in here.
-  [[nodiscard]] static std::int64_t contactIDFromPhoneNumber(
-      const std::string& plainNumber, const std::shared_ptr<ABAddressBook>& addressBook);
+  [[nodiscard]] static std::int64_t contactIDFromPhoneNumber(const std::string& plainNumber,
+                                                             const ABAddressBookRef& addressBook);
 
   // One short vibration, even when the user has switched off vibration on ring; nothing before
   // version 9. A second half may follow on the main queue after 0.3 seconds.

@@ -58,7 +58,36 @@ TEST_F(VibrationTest, OtherwiseItIsSwitchedOnForTheMomentAndThenRestored) {
   device_.dispatch().advance(0.02);
   EXPECT_EQ(played(), 1U);
   EXPECT_EQ(shell(), (Dictionary{{"ring-vibrate", false}, {"silent-vibrate", true}, {"other", 3}}));
-  EXPECT_EQ(device_.darwinNotifications().posted().size(), 4U);
+  std::vector<std::string> twice = bothChanged_;
+  twice.insert(twice.end(), bothChanged_.begin(), bothChanged_.end());
+  EXPECT_EQ(device_.darwinNotifications().posted(), twice);
+}
+
+TEST_F(VibrationTest, TheDelayedHalfPlaysOnTheMainQueueBeforeItRestoresTheSettings) {
+  std::optional<Dictionary> whilePlaying;
+  std::size_t postedBefore = 0;
+  bool onMain = false;
+  device_.audioServices().setWhilePlaying([&] {
+    whilePlaying = shell();
+    postedBefore = device_.darwinNotifications().posted().size();
+    onMain = device_.dispatch().isMainThread();
+  });
+  device_.dispatch().runOnOwnThread([] { ZPUtils::vibrateDevice(); });
+  device_.dispatch().runGlobal();
+  EXPECT_EQ(played(), 0U);
+  device_.dispatch().advance(0.3);
+  EXPECT_EQ(whilePlaying, (Dictionary{{"ring-vibrate", true}, {"silent-vibrate", true}}));
+  EXPECT_EQ(postedBefore, 2U);
+  EXPECT_TRUE(onMain);
+}
+
+TEST_F(VibrationTest, WithVibrationOnRingItIsPlayedOnTheCallersThread) {
+  device_.userDefaults().setPersistentDomain({{"ring-vibrate", true}}, kShell);
+  bool onMain = true;
+  device_.audioServices().setWhilePlaying([&] { onMain = device_.dispatch().isMainThread(); });
+  device_.dispatch().runOnOwnThread([] { ZPUtils::vibrateDevice(); });
+  EXPECT_EQ(played(), 1U);
+  EXPECT_FALSE(onMain);
 }
 
 TEST_F(VibrationTest, WithoutASettingBothEndSwitchedOff) {

@@ -55,6 +55,17 @@ TEST_F(ZPUtilsTest, BiometricsAreAskedForEachTime) {
   EXPECT_EQ(device_.authentication().questions(), 2);
 }
 
+TEST_F(ZPUtilsTest, BiometricsAreAskedForWithoutThePasscodeAndWithoutTheReason) {
+  for (const char* version : {"11.4", "14.0"}) {
+    device_.device().setSystemVersion(version);
+    device_.dispatch().runOnOwnThread([] { EXPECT_TRUE(ZPUtils::supportsTouchID()); });
+    const auto policy = device_.authentication().questionedPolicy();
+    ASSERT_TRUE(policy.has_value());
+    EXPECT_EQ(static_cast<int>(*policy), 1);
+    EXPECT_FALSE(device_.authentication().questionedForError());
+  }
+}
+
 TEST_F(ZPUtilsTest, FromTwelveOnABackgroundCallerAsksOnTheMainThread) {
   for (const auto& [version, onMain] :
        {std::pair{"11.4", false}, std::pair{"12.0", true}, std::pair{"14.2", true}}) {

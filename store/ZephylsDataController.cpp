@@ -69,17 +69,22 @@ Array dictionariesOf(const ZephylVector& groups) {
 
 std::shared_ptr<ZephylsDataController> ZephylsDataController::sharedInstance() {
   static Once<ZephylsDataController> shared;
-  bool made = false;
-  auto store = shared.get([&] {
-    made = true;
-    return std::make_shared<ZephylsDataController>();
-  });
-  // Outside the guard, since loading asks the host for conversations, and the host asks for the
-  // store again.
-  if (made) {
-    store->initialize();
-  }
+  auto store = shared.get([] { return std::make_shared<ZephylsDataController>(); });
+  store->initializeOnce();
   return store;
+}
+
+void ZephylsDataController::initializeOnce() {
+  if (initialized_) {
+    return;
+  }
+  // Loading asks the host for conversations, and the host asks for the store again: the loading
+  // thread passes, all others wait.
+  const std::lock_guard lock(initialization_);
+  if (!std::exchange(initializing_, true)) {
+    initialize();
+    initialized_ = true;
+  }
 }
 
 ZephylsDataController::~ZephylsDataController() {

@@ -9,12 +9,14 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Export.h"
 #include "platform/Published.h"
+#include "platform/addressbook/ABAddressBook.h"
 #include "platform/chatkit/CKConversation.h"
 #include "platform/foundation/NSBundle.h"
 
@@ -23,8 +25,6 @@
 #include "store/ZephylArray.h"
 
 namespace zephyl {
-
-class ABAddressBook;
 
 // The change notifications. The first three are posted in this process and system-wide, the last in
 // this process only. In-process user info, where there is any, has the group under kZephylsKey.
@@ -38,7 +38,8 @@ inline constexpr char kZephylsKey[] = "zephyls";
 
 class ZP_EXPORT ZephylsDataController {
  public:
-  // Made once per process and loaded before the first caller gets it.
+  // Made once per process and loaded before any caller gets it, but for those whom the loading
+  // itself asks.
   [[nodiscard]] static std::shared_ptr<ZephylsDataController> sharedInstance();
 
   ZephylsDataController() = default;
@@ -104,6 +105,7 @@ class ZP_EXPORT ZephylsDataController {
 
   // Kept: raised when some enabled group hides its conversations, and never lowered again.
   [[nodiscard]] bool isAnyOfGroupHasHideConversationsEnabled() const { return anyGroupHides_; }
+  void setAnyOfGroupHasHideConversationsEnabled(bool value) { anyGroupHides_ = value; }
   void updateGroupsHasHideConvosStatus();
   void updateGroupsForUnreadCountStatus();
 
@@ -112,17 +114,17 @@ class ZP_EXPORT ZephylsDataController {
   // The one rule of which group shows which conversation, and by what.
   [[nodiscard]] Membership membershipOf(const ZephylRef& zephyl,
                                         const CKConversationRef& conversation,
-                                        const std::shared_ptr<ABAddressBook>& addressBook);
+                                        const ABAddressBookRef& addressBook);
 
   // Whether that rule says yes.
   [[nodiscard]] bool isConversationMemberOfGroup(const ZephylRef& zephyl,
                                                  const CKConversationRef& conversation,
-                                                 const std::shared_ptr<ABAddressBook>& addressBook);
+                                                 const ABAddressBookRef& addressBook);
 
   // False when an enabled group that hides its conversations holds this one. May load
   // conversations through the host.
-  [[nodiscard]] bool shouldShowConversationForDefaultGroups(
-      const CKConversationRef& conversation, const std::shared_ptr<ABAddressBook>& addressBook);
+  [[nodiscard]] bool shouldShowConversationForDefaultGroups(const CKConversationRef& conversation,
+                                                            const ABAddressBookRef& addressBook);
 
   // Looks only at the members, not at the flags. A contact id below 1 is nobody's.
   [[nodiscard]] bool isMemberOfAnyHiddenGroup(const ZephylRef& zephyl, std::int64_t contactId,
@@ -134,7 +136,7 @@ class ZP_EXPORT ZephylsDataController {
 
   // The enabled user groups that hide this conversation; others are never listed.
   [[nodiscard]] ZephylVector zephylsAssociatedWithConversation(
-      const CKConversationRef& conversation, const std::shared_ptr<ABAddressBook>& addressBook);
+      const CKConversationRef& conversation, const ABAddressBookRef& addressBook);
 
   // Rebuilds the conversations of every enabled user group before it returns.
   void forceReloadConversationsForUserGroups();
@@ -149,13 +151,17 @@ class ZP_EXPORT ZephylsDataController {
   [[nodiscard]] std::int64_t unreadConversationsCountForOtherGroups(const ZephylRef& zephyl);
 
  private:
+  void initializeOnce();
   bool saveEveryGroup();
   [[nodiscard]] ZephylVector loadedGroups();
   [[nodiscard]] Membership matchSystemGroup(std::int64_t mode, const CKConversation& conversation,
-                                            const std::shared_ptr<ABAddressBook>& addressBook);
+                                            const ABAddressBookRef& addressBook);
   // Null when the default groups may show the conversation.
   [[nodiscard]] ZephylRef firstGroupHiding(const CKConversationRef& conversation);
 
+  std::recursive_mutex initialization_;
+  bool initializing_ = false;
+  std::atomic<bool> initialized_ = false;
   // Never null.
   Published<ZephylArray> zephyls_{std::make_shared<ZephylArray>()};
   Published<const MemberSet> favoritesContacts_;

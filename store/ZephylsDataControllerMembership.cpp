@@ -1,6 +1,7 @@
 // Which group shows which conversation: the one place where membership is decided.
 
 #include <algorithm>
+#include <optional>
 
 #include "model/ContactIdentity.h"
 #include "services/ZPUtils.h"
@@ -10,8 +11,6 @@ namespace zephyl {
 
 namespace {
 
-using AddressBook = std::shared_ptr<ABAddressBook>;
-
 bool hidesItsConversations(const ZephylRef& group) {
   return !group->isSystem() && group->isEnabled() &&
          group->shouldHideConversationsInDefaultGroups();
@@ -19,7 +18,7 @@ bool hidesItsConversations(const ZephylRef& group) {
 
 // The number of the conversation's first handle, or the contact behind it.
 Membership matchFirstNumber(const MemberSet& members, const CKConversation& conversation,
-                            const AddressBook& addressBook) {
+                            const ABAddressBookRef& addressBook) {
   const std::string plain = ZPUtils::plainPhoneNumber(conversation.handles().front().displayID());
   if (members.contains(plain)) {
     return {MembershipRule::kNumber, plain, 0, nullptr};
@@ -32,7 +31,7 @@ Membership matchFirstNumber(const MemberSet& members, const CKConversation& conv
 }
 
 Membership matchHandle(const MemberSet& members, const CKConversation& conversation,
-                       std::size_t index, const AddressBook& addressBook) {
+                       std::size_t index, const ABAddressBookRef& addressBook) {
   if (const auto identity = contactIdentity(conversation.handles()[index])) {
     return members.contains(*identity)
                ? Membership{MembershipRule::kContact, *identity, index, nullptr}
@@ -50,7 +49,7 @@ std::size_t examinedHandles(const CKConversation& conversation) {
 
 // The match of a set of members; the hide rule, which may take its answer back, is not asked.
 Membership matchMembers(const MemberSet& members, const CKConversation& conversation,
-                        const AddressBook& addressBook) {
+                        const ABAddressBookRef& addressBook) {
   if (members.contains(conversation.guid())) {
     return {MembershipRule::kChatGuid, conversation.guid(), std::nullopt, nullptr};
   }
@@ -63,26 +62,33 @@ Membership matchMembers(const MemberSet& members, const CKConversation& conversa
   return {};
 }
 
-// A participant who is a known contact, or is none.
+// A participant who is a known contact, or is none: the first of a one-to-one conversation, who
+// counts as none when missing, or any of a group.
 Membership matchParticipant(const CKConversation& conversation, bool known) {
   const MembershipRule rule =
       known ? MembershipRule::kKnownParticipant : MembershipRule::kUnknownParticipant;
   const auto& handles = conversation.handles();
-  for (std::size_t index = 0; index < examinedHandles(conversation); ++index) {
-    if (contactIdentity(handles[index]).has_value() == known) {
-      return {rule, std::nullopt, index, nullptr};
-    }
+  if (!conversation.isGroupConversation()) {
+    const std::optional<std::size_t> first =
+        handles.empty() ? std::nullopt : std::optional<std::size_t>(0);
+    return firstContactIdentity(conversation).has_value() == known
+               ? Membership{rule, std::nullopt, first, nullptr}
+               : Membership();
   }
-  // The missing first handle of a one-to-one conversation has no identity.
-  const bool nobody = handles.empty() && !conversation.isGroupConversation();
-  return nobody && !known ? Membership{rule, std::nullopt, std::nullopt, nullptr} : Membership();
+  const auto decides = std::find_if(handles.begin(), handles.end(), [&](const IMHandle& handle) {
+    return contactIdentity(handle).has_value() == known;
+  });
+  return decides == handles.end()
+             ? Membership()
+             : Membership{rule, std::nullopt, static_cast<std::size_t>(decides - handles.begin()),
+                          nullptr};
 }
 
 }  // namespace
 
 Membership ZephylsDataController::matchSystemGroup(std::int64_t mode,
                                                    const CKConversation& conversation,
-                                                   const AddressBook& addressBook) {
+                                                   const ABAddressBookRef& addressBook) {
   switch (mode) {
     case ZephylSystemModeAll:
       return {MembershipRule::kEverything, std::nullopt, std::nullopt, nullptr};
@@ -103,7 +109,7 @@ Membership ZephylsDataController::matchSystemGroup(std::int64_t mode,
 
 Membership ZephylsDataController::membershipOf(const ZephylRef& zephyl,
                                                const CKConversationRef& conversation,
-                                               const AddressBook& addressBook) {
+                                               const ABAddressBookRef& addressBook) {
   if (!zephyl->isSystem()) {
     const auto members = zephyl->contacts();
     return members == nullptr ? Membership() : matchMembers(*members, *conversation, addressBook);
@@ -118,7 +124,7 @@ Membership ZephylsDataController::membershipOf(const ZephylRef& zephyl,
 
 bool ZephylsDataController::isConversationMemberOfGroup(const ZephylRef& zephyl,
                                                         const CKConversationRef& conversation,
-                                                        const AddressBook& addressBook) {
+                                                        const ABAddressBookRef& addressBook) {
   return membershipOf(zephyl, conversation, addressBook).isShown();
 }
 
@@ -137,7 +143,7 @@ ZephylRef ZephylsDataController::firstGroupHiding(const CKConversationRef& conve
 }
 
 bool ZephylsDataController::shouldShowConversationForDefaultGroups(
-    const CKConversationRef& conversation, const AddressBook& /*addressBook*/) {
+    const CKConversationRef& conversation, const ABAddressBookRef& /*addressBook*/) {
   return firstGroupHiding(conversation) == nullptr;
 }
 
@@ -165,7 +171,7 @@ ZephylRef ZephylsDataController::isPartOfAnyZephyl(std::int64_t contactId,
 }
 
 ZephylVector ZephylsDataController::zephylsAssociatedWithConversation(
-    const CKConversationRef& conversation, const AddressBook& addressBook) {
+    const CKConversationRef& conversation, const ABAddressBookRef& addressBook) {
   const auto groups = zephyls_.load()->snapshot();
   ZephylVector hiding;
   for (const ZephylRef& group : *groups) {

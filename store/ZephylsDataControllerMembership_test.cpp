@@ -159,6 +159,31 @@ TEST_F(HidingTest, AnEnabledHidingGroupHidesItsConversationsFromTheDefaultGroups
   EXPECT_TRUE(shows(store()->allZephyls()->snapshot()->front(), secret_));
 }
 
+TEST_F(HidingTest, EveryDefaultGroupLeavesOutAHiddenGroupConversation) {
+  const auto hidden = chat("h", {known(12), unknown("+15550199")});
+  const auto shown = chat("v", {known(13), unknown("+15550199")});
+  device_.conversationList().setConversations({hidden, shown});
+  putGroups({GroupBuilder(1, "Secret").members({12}).hiding()});
+  ABFavoritesEntry one;
+  one.abUid = 12;
+  ABFavoritesEntry two;
+  two.abUid = 13;
+  device_.favorites().setEntries("CNFavorites", {one, two});
+  for (const int mode : {1, 2, 3, 4, 5}) {
+    EXPECT_FALSE(systemShows(mode, hidden)) << mode;
+    EXPECT_TRUE(systemShows(mode, shown)) << mode;
+  }
+}
+
+TEST_F(HidingTest, UnknownLeavesOutAHiddenStranger) {
+  const auto hidden = chat("h", {unknown("+1 555 0101")});
+  const auto shown = chat("v", {unknown("+1 555 0102")});
+  device_.conversationList().setConversations({hidden, shown});
+  putGroups({GroupBuilder(1, "Secret").members({"+15550101"}).hiding()});
+  EXPECT_FALSE(systemShows(4, hidden));
+  EXPECT_TRUE(systemShows(4, shown));
+}
+
 TEST_F(HidingTest, AGuidMemberHidesBeforeTheConversationsWereLoaded) {
   putGroups({GroupBuilder(1, "Secret").members({"s"}).hiding()});
   EXPECT_FALSE(store()->shouldShowConversationForDefaultGroups(secret_, nullptr));

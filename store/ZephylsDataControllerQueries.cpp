@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "platform/Host.h"
 #include "platform/addressbook/ABFavorites.h"

@@ -90,6 +90,23 @@ TEST_F(StoreQueriesTest, TheHideFlagIsRaisedByAnEnabledHidingGroupAndNeverLowere
   EXPECT_FALSE(store()->isAnyOfGroupHasHideConversationsEnabled());
 }
 
+TEST_F(StoreQueriesTest, TheHideFlagIsRaisedByASystemGroupToo) {
+  putGroups({GroupBuilder(1, "All").system(1).hiding().disabled()});
+  EXPECT_FALSE(store()->isAnyOfGroupHasHideConversationsEnabled());
+  putGroups({GroupBuilder(1, "All").system(1).hiding()});
+  store()->reloadAllZephyls();
+  EXPECT_TRUE(store()->isAnyOfGroupHasHideConversationsEnabled());
+}
+
+TEST_F(StoreQueriesTest, NoFavouritesAreNotAskedForAgainUntilTheReload) {
+  EXPECT_TRUE(store()->favoritesContactsABUIDs()->empty());
+  EXPECT_TRUE(store()->favoritesContactsABUIDs()->empty());
+  EXPECT_EQ(device_.favorites().asked(), 1);
+  store()->reloadFavoritesContactsABUIDs();
+  EXPECT_TRUE(store()->favoritesContactsABUIDs()->empty());
+  EXPECT_EQ(device_.favorites().asked(), 2);
+}
+
 TEST_F(StoreQueriesTest, FavouritesAreReadOnceUnderTheReleasesName) {
   ABFavoritesEntry both;
   both.abUid = 7;
@@ -123,6 +140,15 @@ TEST_F(StoreQueriesTest, BeforeNineFavouritesComeFromTheOlderClass) {
 
 class DefaultGroupsTest : public StoreQueriesTest {
  protected:
+  void expectRisingIdentifiers() {
+    std::int64_t last = 0;
+    for (const Value& group : stored()) {
+      const std::int64_t identifier = (*group.ifDictionary())[keys::kIdentifier].integerValue();
+      EXPECT_GT(identifier, last);
+      last = identifier;
+    }
+  }
+
   const Titles all_ = {"All", "Favorites", "All Groups", "Unknown", "Known"};
 };
 
@@ -133,12 +159,7 @@ TEST_F(DefaultGroupsTest, WithoutAnyTheyGoStraightToTheFile) {
   EXPECT_TRUE(store()->allZephyls()->empty());
   EXPECT_TRUE(notifications_.empty());
   EXPECT_EQ(storedTitles(), all_);
-  std::int64_t last = 0;
-  for (const Value& group : stored()) {
-    const std::int64_t identifier = (*group.ifDictionary())[keys::kIdentifier].integerValue();
-    EXPECT_GT(identifier, last);
-    last = identifier;
-  }
+  expectRisingIdentifiers();
   store()->reloadAllZephyls();
   EXPECT_EQ(titles(*store()->allZephyls()->snapshot()), all_);
 }
@@ -155,6 +176,7 @@ TEST_F(DefaultGroupsTest, OnlyMissingOnesAreAppendedInOrder) {
   watch(kZephylAddedNotification);
   store()->createDefaultGroups();
   EXPECT_EQ(storedTitles(), (Titles{"Work", "Mine", "All", "Favorites", "Unknown", "Known"}));
+  expectRisingIdentifiers();
   EXPECT_EQ(titles(*store()->allZephyls()->snapshot()), storedTitles());
   ASSERT_EQ(notifications_.size(), 1U);
   EXPECT_TRUE(notifications_[0].userInfo.empty());
@@ -163,6 +185,12 @@ TEST_F(DefaultGroupsTest, OnlyMissingOnesAreAppendedInOrder) {
   store()->createDefaultGroups();
   EXPECT_EQ(notifications_.size(), 1U);
   EXPECT_EQ(device_.files().writesOf(kGroupsFile), 1);
+}
+
+TEST_F(DefaultGroupsTest, AGroupThatIsNoSystemGroupCountsAsPresentByItsMode) {
+  putGroups({GroupBuilder(1, "Mine").with(keys::kZephylSystemMode, ZephylSystemModeUnknown)});
+  store()->createDefaultGroups();
+  EXPECT_EQ(storedTitles(), (Titles{"Mine", "All", "Favorites", "All Groups", "Known"}));
 }
 
 TEST_F(DefaultGroupsTest, AnEmptyListBesideAFullFileStaysUntouched) {

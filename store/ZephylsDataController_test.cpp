@@ -1,5 +1,6 @@
 #include "store/ZephylsDataController.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -121,6 +122,16 @@ TEST_F(MessagesTest, NoReplyReadsAsNoGroupsAndAsAFailedSave) {
   EXPECT_FALSE(store()->saveGroupsDataToDisk({}));
 }
 
+TEST_F(MessagesTest, AReplyThatIsNoArrayReadsAsNoGroups) {
+  for (const Value& reply :
+       {Value("text"), Value(7), Value(Dictionary(GroupBuilder(1, "Work"))), Value(Data{1})}) {
+    answer("com.vantor.zephyls.groups.get", reply);
+    EXPECT_EQ(store()->getAllGroups(), std::nullopt);
+    store()->reloadAllZephyls();
+    EXPECT_TRUE(store()->allZephyls()->empty());
+  }
+}
+
 TEST_F(MessagesTest, ASaveSendsTheWholeListAndTakesTheAnswer) {
   const Array groups{Dictionary(GroupBuilder(1, "Work"))};
   for (const auto& [reply, saved] :
@@ -213,6 +224,18 @@ TEST_F(StoreTest, TheSettingsBundleIsAskedForUntilItIsThere) {
   const auto bundle = store()->zephylsBundle();
   ASSERT_NE(bundle, nullptr);
   EXPECT_EQ(store()->zephylsBundle(), bundle);
+}
+
+TEST_F(StoreTest, AStoreThatIsGoneObservesNothing) {
+  auto gone = std::make_shared<ZephylsDataController>();
+  const auto center = NSNotificationCenter::defaultCenter();
+  int calls = 0;
+  center->addObserver(gone.get(), "news", [&](const NSNotification&) { ++calls; });
+  center->postNotificationName("news");
+  EXPECT_EQ(calls, 1);
+  gone.reset();
+  center->postNotificationName("news");
+  EXPECT_EQ(calls, 1);
 }
 
 TEST_F(StoreTest, FixingContactsDoesNothing) {

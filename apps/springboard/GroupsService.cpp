@@ -10,11 +10,13 @@
 #include "platform/foundation/Dictionary.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/NSKeyedArchive.h"
+#include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListFile.h"
 #include "platform/foundation/SystemLog.h"
 #include "platform/uikit/UIImage.h"
 
 #include "hosts/linux/InProcessMessagingCenter.h"
+#include "model/GroupsFileCheck.h"
 #include "model/ZephylKeys.h"
 
 namespace zephyl::app {
@@ -84,7 +86,7 @@ Reply getPicture(const Dictionary* userInfo) {
 }  // namespace
 
 void serveGroups(linux_host::InProcessMessagingCenter& center) {
-  // A save that runs while another process reads would show half a file.
+  // A save that runs while another thread reads would show half a file.
   const auto oneAtATime = std::make_shared<std::mutex>();
   const auto serve = [&](const char* message, Reply (*answer)(const Dictionary*)) {
     center.setHandler(kZephylsMessageCenter, message,
@@ -96,6 +98,26 @@ void serveGroups(linux_host::InProcessMessagingCenter& center) {
   serve(kGetGroupsMessage, [](const Dictionary* /*userInfo*/) { return getGroups(); });
   serve(kSaveGroupsMessage, saveGroups);
   serve(kServiceMessageData, getPicture);
+}
+
+std::optional<std::string> whyKeepGroupsFile(const std::string& path, const std::string& contents) {
+  if (path != kGroupsFilePath) {
+    return std::nullopt;
+  }
+  if (auto reason = whyNoGroupsFile(contents)) {
+    return reason;
+  }
+  const Dictionary reply{{kServiceMessageData, readPropertyList(contents).value()}};
+  if (const auto reason = whyNotBinaryPropertyList(reply)) {
+    return "no message can carry the groups: " + *reason;
+  }
+  // A text file at most doubles, when its texts become UTF-16; in a binary one parts may be shared.
+  constexpr std::size_t kMost = linux_host::InProcessMessagingCenter::kMaximumBytes;
+  const bool mayBeTooLarge = contents.size() > kMost / 2 || contents.starts_with("bplist");
+  if (mayBeTooLarge && writeBinaryPropertyList(reply).size() > kMost) {
+    return std::string("no message can carry the groups: they are too large");
+  }
+  return std::nullopt;
 }
 
 }  // namespace zephyl::app

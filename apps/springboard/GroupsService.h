@@ -6,6 +6,9 @@
 
 #pragma once
 
+#include <optional>
+#include <string>
+
 namespace zephyl::linux_host {
 class InProcessMessagingCenter;
 }
@@ -14,5 +17,11 @@ namespace zephyl::app {
 
 // Answers on the sender's thread, by the installed host's files; one request at a time.
 void serveGroups(linux_host::InProcessMessagingCenter& center);
+
+// Why the old content of the file of that phone path must be put aside before it is overwritten:
+// nobody could have read the groups in it, from the file or from a message, so whoever writes knows
+// nothing of them. Nothing for every other file.
+[[nodiscard]] std::optional<std::string> whyKeepGroupsFile(const std::string& path,
+                                                           const std::string& contents);
 
 }  // namespace zephyl::app

@@ -84,6 +84,41 @@ TEST_F(GroupsServiceTest, OnlyFilesInThePicturesDirectoryArePictures) {
   EXPECT_EQ(device_.systemLog().lines().size(), 7U);
 }
 
+// A list of groups in which arrays stand inside one another so deep that the file is at its limit.
+std::string nested(std::size_t depth) {
+  std::string text = "<plist><array><dict><key>later</key>";
+  for (std::size_t level = 2; level < depth; ++level) {
+    text += "<array>";
+  }
+  for (std::size_t level = 2; level < depth; ++level) {
+    text += "</array>";
+  }
+  return text + "</dict></array></plist>";
+}
+
+TEST_F(GroupsServiceTest, GroupsThatNobodyCouldReadAreKept) {
+  EXPECT_EQ(whyKeepGroupsFile("/other/file", "rubbish"), std::nullopt);
+  EXPECT_EQ(whyKeepGroupsFile(kGroupsFilePath, nested(3)), std::nullopt);
+  EXPECT_TRUE(whyKeepGroupsFile(kGroupsFilePath, "rubbish"));
+  EXPECT_TRUE(whyKeepGroupsFile(kGroupsFilePath, "<plist><array><true/></array></plist>"));
+}
+
+TEST_F(GroupsServiceTest, GroupsThatNoMessageCarriesAreKept) {
+  device_.files().put(kGroupsFilePath, nested(511));
+  EXPECT_FALSE(ask(kGetGroupsMessage, {}).isNull());
+  EXPECT_EQ(whyKeepGroupsFile(kGroupsFilePath, nested(511)), std::nullopt);
+
+  device_.files().put(kGroupsFilePath, nested(512));
+  EXPECT_TRUE(ask(kGetGroupsMessage, {}).isNull());
+  EXPECT_TRUE(whyKeepGroupsFile(kGroupsFilePath, nested(512)));
+
+  const std::string large = "<plist><array><dict><key>later</key><string>" +
+                            std::string(61'000'000, 'x') + "</string></dict></array></plist>";
+  device_.files().put(kGroupsFilePath, large);
+  EXPECT_TRUE(ask(kGetGroupsMessage, {}).isNull());
+  EXPECT_TRUE(whyKeepGroupsFile(kGroupsFilePath, large));
+}
+
 // The store of another process, from version 12 on, sees the same groups.
 TEST_F(GroupsServiceTest, TheStoreWorksThroughIt) {
   device_.device().setSystemVersion("14.0");

@@ -2,6 +2,8 @@
 #include <string>
 #include <vector>
 
+#include <sqlite3.h>
+
 #include "apps/zephyls/ProgramTest.h"
 
 namespace zephyl::app::test {
@@ -107,6 +109,27 @@ TEST_F(BadInputTest, ReadableGroupsWithOddPartsKeepThem) {
   EXPECT_TRUE(putAside().empty());
 }
 
+TEST_F(BadInputTest, AGroupsFileWithoutAnyGroupIsAnErrorWithItsReason) {
+  writeGroups("<integer>5</integer>");
+  const auto result = runOwn({"groups", "list"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.errors.find(groups_.string() + ": element 1 is an integer"), std::string::npos)
+      << result.errors;
+}
+
+TEST_F(BadInputTest, GroupsThatNoMessageCanCarryArePutAside) {
+  std::string deep;
+  for (int level = 0; level < 510; ++level) {
+    deep.insert(0, "<array>").append("</array>");
+  }
+  writeGroups("<dict><key>title</key><string>Precious</string><key>later</key>" + deep + "</dict>");
+  const std::string before = read(groups_);
+  EXPECT_EQ(runOwn({"groups", "list"}).status, 1);
+  ASSERT_EQ(putAside().size(), 1U);
+  EXPECT_EQ(read(putAside()[0]), before);
+  EXPECT_EQ(runOwn({"--ios", "11", "groups", "list"}).status, 0);
+}
+
 TEST_F(BadInputTest, ADeviceRootThatCannotBeWrittenIsNamed) {
   write(folder_ / "file", "");
   const std::string root = (folder_ / "file/device").string();
@@ -148,6 +171,8 @@ TEST_F(BadInputTest, WrongUsageIsStatusTwoAndWritesNothing) {
         {"settings", "get", "Nothing"},
         {"settings", "set", "ZephylsEnabled", "perhaps"},
         {"settings", "set", "ZephylsSortBy", "1.5"},
+        {"--device", ""},
+        {"--messages", ""},
         {"settings", "set", "ZPRememberUnlockSessionTime", "nan"}}) {
     const auto result = runOwn(words);
     EXPECT_EQ(result.status, 2) << testing::PrintToString(words) << result.out;
@@ -208,16 +233,58 @@ TEST_F(BadInputTest, TheCheckFindsWhatIsWrongAndChangesNothing) {
       "<dict><key>title</key><string>Work</string><key>enabled</key><string>x</string>"
       "<key>contacts</key><array><integer>5</integer><string>SMS;-;gone</string></array>"
       "</dict>");
-  write(settings_, "rubbish");
-  const std::string groups = read(groups_);
+  write(settings_, "<plist><dict><key>ZephylsSortBy</key><string>x</string></dict></plist>");
+  write(device_ / "var/mobile/Library/Preferences/com.apple.mobilephone.speeddial.plist",
+        "rubbish");
+  const auto before = listing(folder_ / "device");
   const auto result = runOwn({"check", "--json"});
   EXPECT_EQ(result.status, 1);
   for (const char* part : {"key identifier: is missing", "key enabled", "nobody's record id",
-                           "SMS;-;gone", "zephyls.plist"}) {
+                           "SMS;-;gone", "key ZephylsSortBy", "speeddial.plist: line 1"}) {
     EXPECT_NE(result.out.find(part), std::string::npos) << part << result.out;
   }
-  EXPECT_EQ(read(groups_), groups);
-  EXPECT_EQ(read(settings_), "rubbish");
+  EXPECT_EQ(listing(folder_ / "device"), before);
+}
+
+TEST_F(BadInputTest, TheCheckMakesNoDeviceRoot) {
+  EXPECT_EQ(runOwn({"check"}).status, 0);
+  EXPECT_FALSE(fs::exists(device_));
+}
+
+TEST_F(BadInputTest, DamagedSourcesAreShownAsFarAsTheyGo) {
+  execute(
+      messages_,
+      "UPDATE message SET text = NULL, attributedBody = x'040b73747265616d' WHERE ROWID=3;"
+      "INSERT INTO chat_message_join VALUES (1, 999, 0), (99, 1, 0);"
+      "INSERT INTO handle VALUES (9, NULL, 'SMS'); INSERT INTO chat_handle_join VALUES (1, 9);");
+  write(contacts_, read(contacts_) +
+                       "BEGIN:VCARD\nVERSION:3.0\nFN:Cut\nPHOTO;ENCODING=b;TYPE=PNG:iVBORw0KGgo");
+  const auto result = runOwn({"conversations", "--json"});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(result.objects().size(), 4U);
+  EXPECT_EQ(result.objects()[0]["lastText"], nullptr);
+  EXPECT_NE(result.errors.find(contacts_.string() + ":"), std::string::npos) << result.errors;
+  EXPECT_EQ(runOwn({"contacts", "--json"}).objects().back()["name"], "Cut");
+}
+
+TEST_F(BadInputTest, ALogThatHoldsEverythingIsRead) {
+  // As left behind by a program that was killed: the main file is all but empty.
+  sqlite3* connection = nullptr;
+  fs::remove(messages_);
+  ASSERT_EQ(sqlite3_open((folder_ / "live.db").c_str(), &connection), SQLITE_OK);
+  sqlite3_exec(connection, "PRAGMA journal_mode=WAL; PRAGMA wal_autocheckpoint=0", nullptr, nullptr,
+               nullptr);
+  sqlite3_exec(connection, ownSchema(), nullptr, nullptr, nullptr);
+  fs::copy(folder_ / "live.db", messages_);
+  fs::copy(folder_ / "live.db-wal", messages_.string() + "-wal");
+  sqlite3_close(connection);
+  EXPECT_EQ(runOwn({"conversations", "--json"}).objects().size(), 4U);
+  // Locked by another program, it is read all the same.
+  ASSERT_EQ(sqlite3_open(messages_.c_str(), &connection), SQLITE_OK);
+  sqlite3_exec(connection, "PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; DELETE FROM chat",
+               nullptr, nullptr, nullptr);
+  EXPECT_EQ(runOwn({"conversations", "--json"}).objects().size(), 4U);
+  sqlite3_close(connection);
 }
 
 }  // namespace

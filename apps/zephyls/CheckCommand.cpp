@@ -17,8 +17,10 @@
 #include "apps/zephyls/Describe.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
+#include "apps/zephyls/Settings.h"
 #include "hosts/linux/FileContents.h"
 #include "hosts/linux/contacts/ContactSources.h"
+#include "hosts/linux/contacts/FavoritesFile.h"
 #include "hosts/linux/messages/MessagesDatabase.h"
 #include "model/GroupsFileCheck.h"
 #include "model/MemberSet.h"
@@ -70,6 +72,7 @@ class Check {
   void messages();
   void contacts();
   void groups();
+  void favorites();
   void settings();
 
   [[nodiscard]] int exitStatus() const { return bad_ ? kBadData : kSuccess; }
@@ -137,7 +140,7 @@ void Check::contacts() {
             "name one with --contacts; without it everybody is unknown"});
     return;
   }
-  linux_host::RecordIDs ids(places_.recordIDs());
+  linux_host::RecordIDs ids(places_.recordIDs(), linux_host::RecordIDs::Access::kReadOnly);
   const linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
   good("contacts", counted(reading.people.size(), "contact"));
   recordIDs_.emplace();
@@ -220,10 +223,32 @@ void Check::groups() {
   }
   good("groups", file + ": " + counted(list->ifArray()->size(), "group"));
   for (const GroupsFileProblem& problem : problemsOfGroups(*list->ifArray())) {
-    report({"groups", Severity::kWarning, file + ": " + problem.place + ": " + problem.reason,
-            "nothing is lost by it; edit the file if it was not meant"});
+    report({"groups", problem.isSerious ? Severity::kBad : Severity::kWarning,
+            file + ": " + problem.place + ": " + problem.reason,
+            problem.isSerious ? "mend the file before groups are changed"
+                              : "nothing is lost by it; edit the file if it was not meant"});
   }
   members(file, *list->ifArray());
+}
+
+void Check::favorites() {
+  const auto list = listAt("favourites", kFavoritesFilePath, "not there; nobody is a favourite",
+                           "until it is mended the group Favorites is empty");
+  if (!list) {
+    return;
+  }
+  const std::string file = places_.onDevice(kFavoritesFilePath).string();
+  const linux_host::FavoritesReading reading = linux_host::readFavorites(*list, file);
+  if (reading.errors.empty()) {
+    good("favourites", file + ": " + counted(reading.entries.size(), "favourite"));
+  }
+  for (const std::string& warning : reading.warnings) {
+    report({"favourites", Severity::kWarning, warning, "the other favourites count"});
+  }
+  for (const std::string& error : reading.errors) {
+    report(
+        {"favourites", Severity::kBad, error, "until it is mended the group Favorites is empty"});
+  }
 }
 
 void Check::settings() {
@@ -238,6 +263,12 @@ void Check::settings() {
     report({"settings", Severity::kBad, file + ": the root is no dictionary", advice});
     return;
   }
+  for (const auto& [key, value] : *list->ifDictionary()) {
+    if (const std::string reason = whyOddSetting(key, value); !reason.empty()) {
+      report({"settings", Severity::kWarning, file + ": key " + key + ": " + reason,
+              "set it anew with `zephyls settings set`, or leave it"});
+    }
+  }
   const bool enabled = (*list->ifDictionary())[settings_keys::kEnabled].boolValue();
   good("settings", file + ": the extension is " + (enabled ? "on" : "off"));
 }
@@ -249,6 +280,7 @@ int checkEverything(Session& session, Output& output) {
   check.messages();
   check.contacts();
   check.groups();
+  check.favorites();
   check.settings();
   return check.exitStatus();
 }

@@ -29,17 +29,31 @@ std::string whyNoRelease(const std::string& text) {
   return digit ? std::string() : "not a release number such as 12.4.1: " + text;
 }
 
+// An empty name is a variable that was not set in the user's script.
+std::string whyEmpty(const std::string& text) {
+  return text.empty() ? "must not be empty" : std::string();
+}
+
 void addSourceOptions(CLI::App& app, Options& options) {
   app.add_option("--messages", options.messages, "Messages database: sms.db or chat.db")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(CLI::Validator(whyEmpty, ""));
   app.add_option("--contacts", options.contacts,
                  "address book: AddressBook.sqlitedb, a vCard file or a folder of them; may be "
                  "given several times")
       ->type_name("FILE|DIR")
-      ->expected(1);
+      ->expected(1)
+      ->check(CLI::Validator(whyEmpty, ""));
+  app.add_option("--favorite", options.favorites,
+                 "a favourite, in place of the phone's own: a record id, full name, number or "
+                 "e-mail address; may be given several times")
+      ->type_name("WHO")
+      ->expected(1)
+      ->check(CLI::Validator(whyEmpty, ""));
   app.add_option("--device", options.device,
                  "folder that holds the groups and settings, laid out as on the phone")
-      ->type_name("DIR");
+      ->type_name("DIR")
+      ->check(CLI::Validator(whyEmpty, ""));
 }
 
 void addDeviceOptions(CLI::App& app, Options& options) {

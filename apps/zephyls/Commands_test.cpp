@@ -204,6 +204,47 @@ TEST_F(CommandsTest, TheSampleIsShownWhenNothingIsNamed) {
   EXPECT_EQ(run({"check"}).out.find("warning"), std::string::npos);
 }
 
+TEST_F(CommandsTest, WithoutGroupsOfOnesOwnTheSystemGroupsShowTheirConversations) {
+  const std::string out = runOwn({}).out;
+  EXPECT_NE(out.find("Who brings cake?"), std::string::npos) << out;
+  writeGroups(kWork);
+  EXPECT_NE(runOwn({}).out.find("Work"), std::string::npos);
+}
+
+TEST_F(CommandsTest, FavouritesAreThoseOfThePhoneOrThoseThatAreNamed) {
+  const Texts picnicAndAnn = {"iMessage;+;chat300", "iMessage;-;+15555550101"};
+  const auto favorites = [&](std::vector<std::string> words) {
+    words.insert(words.end(), {"conversations", "--group", "Favorites", "--json"});
+    return all(runOwn(words).objects(), "guid");
+  };
+  EXPECT_EQ(favorites({}), Texts());
+  for (const char* who : {"1000001", "Ann Larkspur", "555 555 0101"}) {
+    EXPECT_EQ(favorites({"--favorite", who}), picnicAndAnn) << who;
+  }
+  EXPECT_EQ(favorites({"--favorite", "eve@EXAMPLE.com"}), Texts{"iMessage;-;eve@example.com"});
+  EXPECT_EQ(runOwn({"--favorite", "Nobody", "unread"}).status, 1);
+
+  write(device_ / "var/mobile/Library/Preferences/com.apple.mobilephone.speeddial.plist",
+        "<plist><array><dict><key>ABUid</key><integer>1000001</integer></dict></array></plist>");
+  EXPECT_EQ(favorites({}), picnicAndAnn);
+}
+
+TEST_F(CommandsTest, ADisabledGroupIsExplainedTooAndEveryGroupThatHides) {
+  const std::string members =
+      "<key>shouldHideConversationsInDefaultGroups</key><true/><key>contacts</key><array>"
+      "<string>+15555550102</string></array></dict>";
+  const auto group = [&](int identifier, const char* enabled) {
+    return "<dict><key>identifier</key><integer>" + std::to_string(identifier) +
+           "</integer><key>title</key><string>G" + std::to_string(identifier) +
+           "</string><key>enabled</key>" + enabled + members;
+  };
+  writeGroups(group(1, "<true/>") + group(2, "<false/>") + group(3, "<true/>"));
+  const auto objects = runOwn({"explain", "SMS;-;+15555550102", "--json"}).objects();
+  EXPECT_EQ(all(objects, "title"), (Texts{"G1", "G2", "G3", "All", "Unknown"}));
+  EXPECT_EQ(all(objects, "member"), (Texts{"true", "true", "true", "false", "false"}));
+  EXPECT_EQ(all(objects, "hides"), (Texts{"true", "false", "true", "false", "false"}));
+}
+
 TEST_F(CommandsTest, APhonesFilesInTheDeviceRootAreFound) {
   namespace fs = std::filesystem;
   fs::create_directories(device_ / "var/mobile/Library/SMS");

@@ -112,7 +112,7 @@ void printHeader(Output& output, const ZephylRef& group, std::size_t conversatio
   output.line(header);
 }
 
-void printUserGroup(Session& session, Output& output, const ZephylRef& group) {
+void printWithConversations(Session& session, Output& output, const ZephylRef& group) {
   CKConversationArray conversations = session.conversationsOf(group);
   const std::size_t all = conversations.size();
   printHeader(output, group, all);
@@ -128,9 +128,9 @@ void printUserGroup(Session& session, Output& output, const ZephylRef& group) {
 
 int listConversations(Session& session, Output& output) {
   session.startGroups();
-  print(output, session.options().group.empty()
-                    ? host().conversationList().conversations()
-                    : session.conversationsOf(session.groupNamed(session.options().group)));
+  const auto& group = session.options().group;
+  print(output, group ? session.conversationsOf(session.groupNamed(*group))
+                      : host().conversationList().conversations());
   return session.exitStatus();
 }
 
@@ -169,11 +169,18 @@ int showOverview(Session& session, Output& output) {
   if (output.isJson()) {
     return listGroups(session, output);
   }
-  for (const ZephylRef& group : store->enabledUserCreatedZephyls()) {
-    printUserGroup(session, output, group);
+  const ZephylVector own = store->enabledUserCreatedZephyls();
+  for (const ZephylRef& group : own) {
+    printWithConversations(session, output, group);
   }
   for (const ZephylRef& group : store->activeZephyls()) {
-    if (group->isSystem()) {
+    if (!group->isSystem()) {
+      continue;
+    }
+    // Beside groups of the user's own the system groups only say how much there is.
+    if (own.empty()) {
+      printWithConversations(session, output, group);
+    } else {
       printHeader(output, group, session.conversationsOf(group).size());
     }
   }

@@ -1,6 +1,6 @@
 #include "apps/zephyls/Describe.h"
 
-#include <array>
+#include <limits>
 #include <utility>
 
 #include <nlohmann/json.hpp>
@@ -92,20 +92,14 @@ std::string traitsOf(const ZephylRef& group) {
   return text;
 }
 
-bool isChatGuid(const std::string& text) {
-  for (const char* prefix : {"SMS", "sms", "iMessage"}) {
-    if (text.rfind(prefix, 0) == 0) {
-      return true;
-    }
-  }
-  return false;
-}
-
 MemberDescription describe(const Member& member) {
-  if (const auto* recordID = std::get_if<std::int64_t>(&member)) {
+  if (const auto* number = std::get_if<std::int64_t>(&member)) {
+    // Record ids have 32 bits; what lies beyond is nobody's.
+    const bool isRecordID = *number >= 1 && *number <= std::numeric_limits<std::int32_t>::max();
     const ABPersonRef person =
-        host().addressBook()->personWithRecordID(static_cast<std::int32_t>(*recordID));
-    return {MemberKind::kPerson, std::to_string(*recordID),
+        isRecordID ? host().addressBook()->personWithRecordID(static_cast<std::int32_t>(*number))
+                   : nullptr;
+    return {*number >= 1 ? MemberKind::kPerson : MemberKind::kAddress, std::to_string(*number),
             person == nullptr ? std::string() : nameOf(*person)};
   }
   const std::string& text = std::get<std::string>(member);

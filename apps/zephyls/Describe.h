@@ -26,9 +26,6 @@ namespace zephyl::app {
 // "disabled, protected": what is out of the ordinary about the group; empty for nothing.
 [[nodiscard]] std::string traitsOf(const ZephylRef& group);
 
-// Whether a member that is text names a conversation, not an address.
-[[nodiscard]] bool isChatGuid(const std::string& text);
-
 enum class MemberKind { kPerson, kConversation, kAddress };
 
 struct MemberDescription {

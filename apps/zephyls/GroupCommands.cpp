@@ -102,7 +102,7 @@ int listGroups(Session& session, Output& output) {
 
 int showGroup(Session& session, Output& output) {
   session.startGroups();
-  const ZephylRef group = session.groupNamed(session.options().group);
+  const ZephylRef group = session.groupNamed(session.options().group.value_or(""));
   const CKConversationArray conversations = session.conversationsOf(group);
   if (!output.isJson()) {
     printGroup(output, group, conversations);

@@ -10,6 +10,10 @@
 
 namespace zephyl::app {
 
+// The phone's path of its favourites.
+inline constexpr char kFavoritesFilePath[] =
+    "/var/mobile/Library/Preferences/com.apple.mobilephone.speeddial.plist";
+
 struct Places {
   std::filesystem::path messages;
   std::vector<std::string> contacts;

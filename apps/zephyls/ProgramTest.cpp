@@ -134,6 +134,10 @@ ProgramResult ProgramTest::runOwn(std::vector<std::string> words) const {
   return run(words);
 }
 
+const char* ProgramTest::ownSchema() {
+  return kSchema;
+}
+
 void ProgramTest::writeOwnSources() const {
   execute(messages_, kSchema);
   write(contacts_, kPeople);

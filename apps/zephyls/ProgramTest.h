@@ -35,6 +35,8 @@ class ProgramTest : public ::testing::Test {
 
   // chat.db with four conversations, and people.vcf with two people.
   void writeOwnSources() const;
+  // The SQL that makes that database.
+  [[nodiscard]] static const char* ownSchema();
   void execute(const std::filesystem::path& database, const std::string& sql) const;
   void write(const std::filesystem::path& file, const std::string& content) const;
   [[nodiscard]] static std::string read(const std::filesystem::path& file);

@@ -1,7 +1,9 @@
 #include "apps/zephyls/Session.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -13,6 +15,8 @@
 
 #include "apps/springboard/GroupsService.h"
 #include "apps/zephyls/CommandError.h"
+#include "apps/zephyls/DeviceLock.h"
+#include "apps/zephyls/Favorites.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/SessionLog.h"
 #include "hosts/common/FilteredConversationList.h"
@@ -39,9 +43,6 @@ namespace zephyl::app {
 
 namespace {
 
-constexpr char kFavoritesPath[] =
-    "/var/mobile/Library/Preferences/com.apple.mobilephone.speeddial.plist";
-
 // More warnings than these are counted only; `check` lists them all.
 constexpr std::size_t kMostWarnings = 3;
 
@@ -57,22 +58,17 @@ std::string telephoneLocale() {
 }
 
 std::vector<ABFavoritesEntry> readFavoritesOfDevice() {
-  const auto bytes = host().files().contentsAtPath(kFavoritesPath);
+  const auto bytes = host().files().contentsAtPath(kFavoritesFilePath);
   if (!bytes) {
     return {};
   }
-  linux_host::FavoritesReading reading = linux_host::readFavoritesFile(*bytes, kFavoritesPath);
+  linux_host::FavoritesReading reading = linux_host::readFavoritesFile(*bytes, kFavoritesFilePath);
   for (const auto* lines : {&reading.errors, &reading.warnings}) {
     for (const std::string& line : *lines) {
       host().systemLog().log(line);
     }
   }
   return std::move(reading.entries);
-}
-
-// Groups that cannot be read must not be lost when others are saved in their place.
-std::optional<std::string> whyKeepGroupsFile(const std::string& path, const std::string& contents) {
-  return path == kGroupsFilePath ? whyNoGroupsFile(contents) : std::nullopt;
 }
 
 bool ruleShows(const ZephylRef& group, const CKConversationRef& conversation) {
@@ -86,6 +82,7 @@ bool ruleShows(const ZephylRef& group, const CKConversationRef& conversation) {
 struct Session::Sources {
   std::string homeRegion = linux_host::homeRegionFor(telephoneLocale());
   std::vector<ABPersonRef> people;
+  std::optional<linux_host::HandleMatcher> matcher;
   FilteredConversationList* list = nullptr;  // the device's
 };
 
@@ -136,6 +133,15 @@ void Session::readContacts() {
   sources_->people = std::move(reading.people);
 }
 
+linux_host::LinuxFavorites::Read Session::favoritesReader() const {
+  if (options_.favorites.empty()) {
+    return readFavoritesOfDevice;
+  }
+  return [entries = favoritesNamed(options_.favorites, sources_->people, *sources_->matcher)] {
+    return entries;
+  };
+}
+
 void Session::writeFirstSettings() {
   const std::string path = ZPUtils::settingsFilePath();
   if (device_->files().fileExistsAtPath(path)) {
@@ -157,7 +163,9 @@ void Session::startDevice() {
     throw CommandError("cannot make the device root " + places_.device.string() + ": " +
                        error.message() + "; name a folder that can be written with --device");
   }
+  const DeviceLock lock(places_.device);
   readContacts();
+  sources_->matcher.emplace(sources_->people, sources_->homeRegion);
 
   linux_host::DeviceOptions options;
   options.deviceRoot = places_.device.string();
@@ -173,7 +181,7 @@ void Session::startDevice() {
   sources_->list = list.get();
   options.conversationList = std::move(list);
   options.addressBook = std::make_shared<linux_host::LinuxAddressBook>(sources_->people);
-  options.favorites = std::make_unique<linux_host::LinuxFavorites>(readFavoritesOfDevice);
+  options.favorites = std::make_unique<linux_host::LinuxFavorites>(favoritesReader());
   options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(sources_->homeRegion);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
   install(*device_);
@@ -187,10 +195,20 @@ void Session::readConversations() {
     throw CommandError(reading.error().file + ": " + reading.error().reason);
   }
   warn("messages", reading.value().warnings);
-  const linux_host::HandleMatcher matcher(sources_->people, sources_->homeRegion);
   sources_->list->setShows(ruleShows);
   sources_->list->setConversations(linux_host::conversationsOf(
-      reading.value().conversations, matcher, device_->phoneFormatting()));
+      reading.value().conversations, *sources_->matcher, device_->phoneFormatting()));
+}
+
+// After a start that left no groups.
+std::string Session::whyNoGroups() const {
+  const std::string file = places_.onDevice(kGroupsFilePath).string();
+  const auto contents = device_->files().contentsAtPath(kGroupsFilePath);
+  if (const auto reason = contents ? whyNoGroupsFile(*contents) : std::nullopt) {
+    return file + ": " + *reason +
+           "; mend the file, or move it away to start with the system groups";
+  }
+  return "cannot write the groups " + file + "; name a folder that can be written with --device";
 }
 
 void Session::startGroups() {
@@ -200,14 +218,16 @@ void Session::startGroups() {
   groupsStarted_ = true;
   startDevice();
   readConversations();
-  const auto store = ZephylsDataController::sharedInstance();
-  store->createDefaultGroups();
-  if (store->allZephyls()->empty()) {
-    store->reloadAllZephyls();
-  }
-  if (store->allZephyls()->empty()) {
-    throw CommandError("cannot write the groups " + places_.onDevice(kGroupsFilePath).string() +
-                       "; name a folder that can be written with --device");
+  {
+    const DeviceLock lock(places_.device);
+    const auto store = ZephylsDataController::sharedInstance();
+    store->createDefaultGroups();
+    if (store->allZephyls()->empty()) {
+      store->reloadAllZephyls();
+    }
+    if (store->allZephyls()->empty()) {
+      throw CommandError(whyNoGroups());
+    }
   }
   settle();
 }
@@ -223,7 +243,7 @@ ZephylRef Session::groupNamed(const std::string& titleOrIdentifier) {
   for (const ZephylRef& group : *groups) {
     if (group->title() == titleOrIdentifier) {
       titled.push_back(group);
-    } else if (std::to_string(group->identifier()) == titleOrIdentifier) {
+    } else if (numbered == nullptr && std::to_string(group->identifier()) == titleOrIdentifier) {
       numbered = group;
     }
   }

@@ -14,6 +14,7 @@
 
 #include "apps/zephyls/Options.h"
 #include "apps/zephyls/Places.h"
+#include "hosts/linux/sources/LinuxFavorites.h"
 #include "model/Zephyl.h"
 
 namespace zephyl::linux_host {
@@ -65,6 +66,8 @@ class Session {
   void readContacts();
   void readConversations();
   void writeFirstSettings();
+  [[nodiscard]] linux_host::LinuxFavorites::Read favoritesReader() const;
+  [[nodiscard]] std::string whyNoGroups() const;
   void warn(const std::string& source, const std::vector<std::string>& warnings);
 
   const Options& options_;

@@ -1,6 +1,5 @@
 // The commands about the extension's settings file.
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -17,31 +16,17 @@
 
 #include "apps/zephyls/CommandError.h"
 #include "apps/zephyls/Commands.h"
+#include "apps/zephyls/DeviceLock.h"
 #include "apps/zephyls/Json.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
+#include "apps/zephyls/Settings.h"
 #include "model/ZPSettings.h"
 #include "services/ZPUtils.h"
 
 namespace zephyl::app {
 
 namespace {
-
-enum class SettingType { kSwitch, kNumber, kMinutes };
-
-struct Setting {
-  const char* key;
-  SettingType type;
-  const char* help;
-};
-
-constexpr std::array<Setting, 5> kSettings = {{
-    {settings_keys::kEnabled, SettingType::kSwitch, "the extension is on"},
-    {settings_keys::kSortBy, SettingType::kNumber, "user groups: 0 by title, 1 by creation date"},
-    {settings_keys::kSortOrder, SettingType::kNumber, "0 ascending, 1 descending"},
-    {settings_keys::kRememberSession, SettingType::kSwitch, "an unlocked group stays unlocked"},
-    {settings_keys::kSessionTime, SettingType::kMinutes, "for so many minutes"},
-}};
 
 const Setting& settingNamed(const std::string& key) {
   std::string names;
@@ -75,7 +60,7 @@ Dictionary storedSettings(const Session& session) {
   return *list.value().ifDictionary();
 }
 
-// As the library reads it; null where the file says nothing.
+// As stored, converted to the type of the setting; null where the file says nothing.
 Value valueOf(const Dictionary& settings, const Setting& setting) {
   const Value* stored = settings.find(setting.key);
   if (stored == nullptr) {
@@ -158,6 +143,22 @@ void printOne(Output& output, const Setting& setting, const Value& value) {
 
 }  // namespace
 
+std::string whyOddSetting(const std::string& key, const Value& value) {
+  for (const Setting& setting : kSettings) {
+    if (key != setting.key) {
+      continue;
+    }
+    const bool isNumber = value.ifInteger() != nullptr || value.ifReal() != nullptr;
+    const bool fits = setting.type == SettingType::kSwitch
+                          ? value.ifBoolean() != nullptr || value.ifInteger() != nullptr
+                          : isNumber;
+    return fits ? std::string()
+                : "has another type than it is written with; it is read as " +
+                      textOf(valueOf(Dictionary{{key, value}}, setting));
+  }
+  return "is not known; it is kept";
+}
+
 int listSettings(Session& session, Output& output) {
   session.startDevice();
   const Dictionary settings = storedSettings(session);
@@ -185,6 +186,7 @@ int setSetting(Session& session, Output& output) {
   const Setting& setting = settingNamed(session.options().key);
   const Value value = valueFrom(session.options().value, setting);
   session.startDevice();
+  const DeviceLock lock(session.places().device);
   Dictionary settings = storedSettings(session);
   settings.set(setting.key, value);
   const std::string path = ZPUtils::settingsFilePath();

@@ -99,7 +99,7 @@ TEST(SessionLogTest, EachThingIsToldOnceUnderTheNameOnThisMachine) {
   log.log("/var/mobile/a.plist: line 1: bad");
   log.log("/var/mobile/a.plist: line 1: bad");
   log.log("/home/x/device/var/mobile/b: worse");
-  log.log("elsewhere");
+  log.log("com.vantor.Zephyls: Error => read(path), [Line 12], elsewhere");
   EXPECT_EQ(told,
             "/home/x/device/var/mobile/a.plist: line 1: bad\n"
             "/home/x/device/var/mobile/b: worse\nelsewhere\n");

@@ -10,13 +10,26 @@
 #include "platform/foundation/Dictionary.h"
 #include "platform/foundation/NSBundle.h"
 #include "platform/foundation/PropertyListFile.h"
+#include "platform/foundation/SystemLog.h"
 
 #include "hosts/fake/Device.h"
 
 namespace zephyl::fake {
 namespace {
 
-class BundleTest : public ::testing::Test {
+class FoundationTest : public ::testing::Test {
+ protected:
+  // Whether exactly one error was logged, with that start of its message.
+  bool logged(const std::string& start) {
+    const auto lines = device_.systemLog().lines();
+    return lines.size() == 1 && lines[0].starts_with(kErrorPrefix) &&
+           lines[0].find(kErrorPlaceEnd + start) != std::string::npos;
+  }
+
+  Device device_;
+};
+
+class BundleTest : public FoundationTest {
  protected:
   void put(const std::string& language, const std::string& text,
            const std::string& table = "Localizable") {
@@ -27,8 +40,6 @@ class BundleTest : public ::testing::Test {
                           const std::optional<std::string>& table = std::nullopt) {
     return NSBundle::bundleWithPath("/B.bundle")->localizedStringForKey(key, value, table);
   }
-
-  Device device_;
 };
 
 TEST_F(BundleTest, ABundleIsAFolderThatIsThere) {
@@ -38,6 +49,11 @@ TEST_F(BundleTest, ABundleIsAFolderThatIsThere) {
   ASSERT_NE(bundle, nullptr);
   EXPECT_EQ(bundle->bundlePath(), "/B.bundle");
   EXPECT_TRUE(bundle->load());
+}
+
+TEST_F(BundleTest, AFileIsNoBundle) {
+  device_.files().put("/B.bundle", "file");
+  EXPECT_EQ(NSBundle::bundleWithPath("/B.bundle"), nullptr);
 }
 
 TEST_F(BundleTest, TheBestLanguageThatHasTheKeyGivesTheText) {
@@ -70,16 +86,10 @@ TEST_F(BundleTest, ADamagedTableIsNamedInTheLogAndSkipped) {
   put("de", "\"a\" = ");
   device_.processInfo().setPreferredLanguages({"de"});
   EXPECT_EQ(text("a"), "x");
-  ASSERT_EQ(device_.systemLog().lines().size(), 1U);
-  EXPECT_EQ(
-      device_.systemLog().lines()[0].rfind("/B.bundle/de.lproj/Localizable.strings: line 1", 0),
-      0U);
+  EXPECT_TRUE(logged("/B.bundle/de.lproj/Localizable.strings: line 1"));
 }
 
-class PropertyListFileTest : public ::testing::Test {
- protected:
-  Device device_;
-};
+using PropertyListFileTest = FoundationTest;
 
 TEST_F(PropertyListFileTest, WhatIsWrittenIsReadAgain) {
   EXPECT_TRUE(writeToFile(Array{1, "x"}, "/a.plist"));
@@ -98,8 +108,13 @@ TEST_F(PropertyListFileTest, AMissingFileIsNoReasonToLog) {
 TEST_F(PropertyListFileTest, ADamagedFileIsNamedInTheLogWithThePlace) {
   device_.files().put("/bad.plist", "<plist>\n<array>\n<what/>");
   EXPECT_EQ(arrayWithContentsOfFile("/bad.plist"), std::nullopt);
-  ASSERT_EQ(device_.systemLog().lines().size(), 1U);
-  EXPECT_EQ(device_.systemLog().lines()[0].rfind("/bad.plist: line 3", 0), 0U);
+  EXPECT_TRUE(logged("/bad.plist: line 3"));
+}
+
+TEST_F(PropertyListFileTest, TextThatXmlForbidsIsWrittenInBinaryForm) {
+  EXPECT_TRUE(writeToFile(Array{"a\x01z"}, "/a.plist"));
+  EXPECT_TRUE(device_.files().contentsAtPath("/a.plist")->starts_with("bplist00"));
+  EXPECT_EQ(arrayWithContentsOfFile("/a.plist"), Array{"a\x01z"});
 }
 
 TEST_F(PropertyListFileTest, AFailedWriteSaysNo) {

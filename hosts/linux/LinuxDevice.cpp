@@ -74,7 +74,7 @@ struct LinuxDevice::Parts {
   ScriptedAuthentication::Answer authenticate;
   InProcessMessagingCenter messagingCenter{log};
   std::unique_ptr<CKConversationList> conversationList;
-  std::shared_ptr<ABAddressBook> addressBook;
+  ABAddressBookRef addressBook;
   std::unique_ptr<ABFavorites> favorites;
   std::unique_ptr<ABPhoneFormatting> phoneFormatting;
   InProcessNotifications notifications{dispatch};
@@ -132,7 +132,7 @@ CKConversationList& LinuxDevice::conversationList() {
   return *parts_->conversationList;
 }
 
-std::shared_ptr<ABAddressBook> LinuxDevice::addressBook() {
+ABAddressBookRef LinuxDevice::addressBook() {
   return parts_->addressBook;
 }
 

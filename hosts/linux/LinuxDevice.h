@@ -48,7 +48,7 @@ struct DeviceOptions {
   // Those not given are empty: no conversations, nobody in the address book, no favourites, no
   // phone number formatted.
   std::unique_ptr<CKConversationList> conversationList;
-  std::shared_ptr<ABAddressBook> addressBook;
+  ABAddressBookRef addressBook;
   std::unique_ptr<ABFavorites> favorites;
   std::unique_ptr<ABPhoneFormatting> phoneFormatting;
 };
@@ -71,7 +71,7 @@ class LinuxDevice : public Host {
   UIDevice& device() override;
   AudioServices& audioServices() override;
   CKConversationList& conversationList() override;
-  std::shared_ptr<ABAddressBook> addressBook() override;
+  ABAddressBookRef addressBook() override;
   ABFavorites& favorites() override;
   ABPhoneFormatting& phoneFormatting() override;
   std::shared_ptr<LAContext> makeLAContext() override;

@@ -37,7 +37,7 @@ std::vector<std::string> localizations(const std::vector<std::string>& languages
 NSBundle::NSBundle(std::string path) : path_(std::move(path)) {}
 
 std::shared_ptr<NSBundle> NSBundle::bundleWithPath(const std::string& path) {
-  if (!host().files().fileExistsAtPath(path)) {
+  if (host().files().contentsOfDirectoryAtPath(path).empty()) {
     return nullptr;
   }
   return std::shared_ptr<NSBundle>(new NSBundle(path));
@@ -64,7 +64,7 @@ std::string NSBundle::localizedStringForKey(const std::string& key,
     }
     const StringTableResult texts = readStringTable(*bytes);
     if (!texts.ok()) {
-      host().systemLog().log(texts.error().message(path));
+      logError(texts.error().message(path));
       continue;
     }
     if (const Value* text = texts.table().find(key);

@@ -14,7 +14,7 @@ namespace zephyl {
 
 class ZP_EXPORT NSBundle {
  public:
-  // Null when no folder of that path can be opened.
+  // Null when there is no folder of that path with anything in it.
   [[nodiscard]] static std::shared_ptr<NSBundle> bundleWithPath(const std::string& path);
 
   // The running process's own bundle, which may have no texts at all.
@@ -23,9 +23,9 @@ class ZP_EXPORT NSBundle {
   // The Messages framework's bundle.
   [[nodiscard]] static std::shared_ptr<NSBundle> ckFrameworkBundle();
 
-  // The text for the key in the first preferred language that the bundle has, then in English.
-  // A key without a text gives `value`, or the key itself when `value` is absent or empty. An
-  // absent table is "Localizable".
+  // The text for the key in the first preferred language whose table has the key, else in English,
+  // else in the table without a language ("Base"). A key without a text gives `value`, or the key
+  // itself when `value` is absent or empty. An absent table is "Localizable".
   [[nodiscard]] std::string localizedStringForKey(
       const std::string& key, const std::optional<std::string>& value = std::nullopt,
       const std::optional<std::string>& table = std::nullopt) const;

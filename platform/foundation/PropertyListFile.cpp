@@ -17,7 +17,7 @@ Value contentsOfFile(const std::string& path) {
   }
   const PropertyListResult result = readPropertyList(*bytes);
   if (!result.ok()) {
-    host().systemLog().log(result.error().message(path));
+    logError(result.error().message(path));
     return Value();
   }
   return result.value();
@@ -25,7 +25,7 @@ Value contentsOfFile(const std::string& path) {
 
 void logWrongRoot(const Value& root, const std::string& path, const char* expected) {
   if (!root.isNull()) {
-    host().systemLog().log(path + ": the property list is no " + expected);
+    logError(path + ": the property list is no " + expected);
   }
 }
 
@@ -50,11 +50,15 @@ std::optional<Dictionary> dictionaryWithContentsOfFile(const std::string& path) 
 }
 
 bool writeToFile(const Value& root, const std::string& path) {
-  if (const auto reason = whyNotXmlPropertyList(root)) {
-    host().systemLog().log(path + ": not written: " + *reason);
+  if (!whyNotXmlPropertyList(root)) {
+    return host().files().writeToFile(path, writeXmlPropertyList(root));
+  }
+  if (const auto reason = whyNotBinaryPropertyList(root)) {
+    logError(path + ": not written: " + *reason);
     return false;
   }
-  return host().files().writeToFile(path, writeXmlPropertyList(root));
+  const Data bytes = writeBinaryPropertyList(root);
+  return host().files().writeToFile(path, std::string(bytes.begin(), bytes.end()));
 }
 
 }  // namespace zephyl

@@ -17,8 +17,8 @@ namespace zephyl {
 [[nodiscard]] ZP_EXPORT std::optional<Dictionary> dictionaryWithContentsOfFile(
     const std::string& path);
 
-// Writes an XML property list in place, not through a temporary file. False when anything failed.
-// Any thread.
+// Writes in place, not through a temporary file: as XML, or in binary form where a text holds
+// characters that XML forbids. False when anything failed. Any thread.
 ZP_EXPORT bool writeToFile(const Value& root, const std::string& path);
 
 }  // namespace zephyl

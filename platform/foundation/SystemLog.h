@@ -2,7 +2,10 @@
 
 #pragma once
 
+#include <source_location>
 #include <string>
+
+#include "platform/Export.h"
 
 namespace zephyl {
 
@@ -13,5 +16,14 @@ class SystemLog {
   // One line, without its end. Any thread.
   virtual void log(const std::string& line) = 0;
 };
+
+// What stands before the message of every error that the library logs, up to the place in the
+// source; the place ends with kErrorPlaceEnd.
+inline constexpr char kErrorPrefix[] = "com.vantor.Zephyls: Error => ";
+inline constexpr char kErrorPlaceEnd[] = "], ";
+
+// Logs an error with the function and line that found it. Any thread.
+ZP_EXPORT void logError(const std::string& message,
+                        std::source_location place = std::source_location::current());
 
 }  // namespace zephyl

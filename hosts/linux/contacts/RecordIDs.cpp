@@ -68,7 +68,8 @@ std::optional<std::string_view> takeLine(std::string_view& text) {
 
 }  // namespace
 
-RecordIDs::RecordIDs(std::filesystem::path file) : file_(std::move(file)) {
+RecordIDs::RecordIDs(std::filesystem::path file, Access access)
+    : file_(std::move(file)), mayWrite_(access == Access::kReadAndWrite) {
   const WholeFile read = readWhole(file_);
   if (read.failure) {
     onlyForThisRun(*read.failure);
@@ -128,6 +129,10 @@ void RecordIDs::onlyForThisRun(std::string_view reason) {
 }
 
 void RecordIDs::putAside(std::string_view reason) {
+  if (!mayWrite_) {
+    notes_.error(file_.string(), 0, reason);
+    return;
+  }
   std::error_code error;
   for (int number = 1;; ++number) {
     const std::filesystem::path aside = file_.string() + ".damaged-" + std::to_string(number);

@@ -27,7 +27,9 @@ class RecordIDs {
   // Reads the file; none is the same as an empty one. A file that is damaged is put aside under
   // another name, what can be read of it is kept, and an error tells both. A file that cannot be
   // read is left alone: ids are then given for this run only.
-  explicit RecordIDs(std::filesystem::path file);
+  // With kReadOnly nothing is ever written or put aside.
+  enum class Access { kReadAndWrite, kReadOnly };
+  explicit RecordIDs(std::filesystem::path file, Access access = Access::kReadAndWrite);
 
   // Ids that another source gives its people; none of them is given out from now on.
   void reserve(const std::unordered_set<std::int32_t>& ids);
