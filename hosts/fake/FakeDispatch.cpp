@@ -1,5 +1,6 @@
 #include "hosts/fake/FakeDispatch.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zephyl::fake {
@@ -131,16 +132,27 @@ void FakeDispatch::runAll() {
   } while (runOneGlobal() || waitingMain() > 0);
 }
 
-void FakeDispatch::advance(double seconds) {
-  {
-    const std::lock_guard lock(mutex_);
-    elapsed_ += seconds;
-    while (!delayed_.empty() && delayed_.begin()->first <= elapsed_) {
-      mainTasks_.push_back(std::move(delayed_.begin()->second));
-      delayed_.erase(delayed_.begin());
-    }
+double FakeDispatch::elapsed() {
+  const std::lock_guard lock(mutex_);
+  return elapsed_;
+}
+
+bool FakeDispatch::stepTowards(double end) {
+  const std::lock_guard lock(mutex_);
+  const bool comes = !delayed_.empty() && delayed_.begin()->first <= end;
+  elapsed_ = comes ? std::max(elapsed_, delayed_.begin()->first) : end;
+  while (!delayed_.empty() && delayed_.begin()->first <= elapsed_) {
+    mainTasks_.push_back(std::move(delayed_.begin()->second));
+    delayed_.erase(delayed_.begin());
   }
-  runMain();
+  return comes;
+}
+
+void FakeDispatch::advance(double seconds) {
+  const double end = elapsed() + seconds;
+  do {
+    runMain();
+  } while (stepTowards(end));
 }
 
 std::size_t FakeDispatch::waitingGlobal() {
@@ -150,6 +162,12 @@ std::size_t FakeDispatch::waitingGlobal() {
     waiting += tasks.size();
   }
   return waiting;
+}
+
+std::size_t FakeDispatch::waitingGlobal(QueuePriority priority) {
+  const std::lock_guard lock(mutex_);
+  const auto found = global_.find(static_cast<int>(priority));
+  return found == global_.end() ? 0 : found->second.size();
 }
 
 std::size_t FakeDispatch::waitingMain() {

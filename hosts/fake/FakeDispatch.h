@@ -39,14 +39,19 @@ class FakeDispatch : public Dispatch {
   void runOnOwnThread(const std::function<void()>& task);
   // Until nothing waits anywhere, delayed tasks apart.
   void runAll();
-  // Moves the delayed tasks on; those whose time has come join the main queue and are run.
+  // Lets `seconds` pass, from one delayed task to the next: each joins the main queue when its time
+  // comes, and what it delays in turn counts from that time. Runs the main queue at each stop.
   void advance(double seconds);
 
   [[nodiscard]] std::size_t waitingGlobal();
+  [[nodiscard]] std::size_t waitingGlobal(QueuePriority priority);
   [[nodiscard]] std::size_t waitingMain();
 
  private:
   void serveMainUntil(const bool& done);
+  [[nodiscard]] double elapsed();
+  // To the next delayed task, or to `end` when none comes before; whether one came.
+  bool stepTowards(double end);
 
   const std::thread::id main_ = std::this_thread::get_id();
   std::mutex mutex_;

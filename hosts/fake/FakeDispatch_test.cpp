@@ -83,6 +83,49 @@ TEST_F(FakeDispatchTest, DelayedTasksRunInTheOrderOfTheirTimesOnceTheyHaveCome) 
   EXPECT_EQ(written_, "abc");
 }
 
+TEST_F(FakeDispatchTest, WhatADelayedTaskDelaysInTurnCountsFromItsOwnTime) {
+  dispatch_.mainAfter(1.0, [this] {
+    written_ += "a";
+    dispatch_.mainAfter(1.0, writes("b"));
+    dispatch_.mainAfter(3.0, writes("d"));
+  });
+  dispatch_.mainAfter(2.5, writes("c"));
+  dispatch_.advance(3.0);
+  EXPECT_EQ(written_, "abc");
+  dispatch_.advance(0.5);
+  EXPECT_EQ(written_, "abc");
+  dispatch_.advance(0.5);
+  EXPECT_EQ(written_, "abcd");
+}
+
+TEST_F(FakeDispatchTest, WhatStoodOnTheMainQueueRunsBeforeTheTimePasses) {
+  dispatch_.mainAsync([this] { dispatch_.mainAfter(1.0, writes("a")); });
+  dispatch_.advance(1.0);
+  EXPECT_EQ(written_, "a");
+}
+
+TEST_F(FakeDispatchTest, TasksOfTheSameTimeJoinTheMainQueueTogether) {
+  dispatch_.mainAfter(1.0, [this] {
+    written_ += "a";
+    dispatch_.mainAsync(writes("c"));
+  });
+  dispatch_.mainAfter(1.0, writes("b"));
+  dispatch_.advance(1.0);
+  EXPECT_EQ(written_, "abc");
+}
+
+TEST_F(FakeDispatchTest, WaitingTasksAreCountedByPriorityToo) {
+  dispatch_.globalAsync(QueuePriority::kHigh, writes("h"));
+  dispatch_.globalAsync(QueuePriority::kHigh, writes("h"));
+  dispatch_.globalAsync(QueuePriority::kLow, writes("l"));
+  EXPECT_EQ(dispatch_.waitingGlobal(QueuePriority::kHigh), 2U);
+  EXPECT_EQ(dispatch_.waitingGlobal(QueuePriority::kLow), 1U);
+  EXPECT_EQ(dispatch_.waitingGlobal(QueuePriority::kDefault), 0U);
+  EXPECT_EQ(dispatch_.waitingGlobal(), 3U);
+  dispatch_.runOneGlobal();
+  EXPECT_EQ(dispatch_.waitingGlobal(QueuePriority::kHigh), 1U);
+}
+
 TEST_F(FakeDispatchTest, ATaskOnItsOwnThreadHasEndedOnReturn) {
   bool onMain = true;
   dispatch_.runOnOwnThread([&] { onMain = dispatch_.isMainThread(); });
