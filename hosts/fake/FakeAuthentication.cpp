@@ -4,10 +4,12 @@
 
 namespace zephyl::fake {
 
-bool FakeAuthentication::canEvaluatePolicy(LAPolicy /*policy*/, NSError* error) {
+bool FakeAuthentication::canEvaluatePolicy(LAPolicy policy, NSError* error) {
   const std::lock_guard lock(mutex_);
   ++questions_;
   questionedOn_ = std::this_thread::get_id();
+  questionedPolicy_ = policy;
+  questionedForError_ = error != nullptr;
   if (!available_ && error != nullptr) {
     *error = NSError("com.apple.LocalAuthentication", -6);
   }
@@ -55,6 +57,16 @@ int FakeAuthentication::questions() {
 std::thread::id FakeAuthentication::questionedOn() {
   const std::lock_guard lock(mutex_);
   return questionedOn_;
+}
+
+std::optional<LAPolicy> FakeAuthentication::questionedPolicy() {
+  const std::lock_guard lock(mutex_);
+  return questionedPolicy_;
+}
+
+bool FakeAuthentication::questionedForError() {
+  const std::lock_guard lock(mutex_);
+  return questionedForError_;
 }
 
 std::string FakeAuthentication::reason() {

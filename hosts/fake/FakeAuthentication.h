@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <utility>
@@ -32,8 +33,10 @@ class FakeAuthentication : public LAContext {
 
   // How often it was asked whether a check could be made.
   [[nodiscard]] int questions();
-  // The thread of the last question.
+  // Of the last question: its thread, its policy, and whether it had a place for an error.
   [[nodiscard]] std::thread::id questionedOn();
+  [[nodiscard]] std::optional<LAPolicy> questionedPolicy();
+  [[nodiscard]] bool questionedForError();
   // The reason given with the newest check.
   [[nodiscard]] std::string reason();
   [[nodiscard]] std::string fallbackTitle();
@@ -44,6 +47,8 @@ class FakeAuthentication : public LAContext {
   bool available_ = true;
   int questions_ = 0;
   std::thread::id questionedOn_;
+  std::optional<LAPolicy> questionedPolicy_;
+  bool questionedForError_ = false;
   std::string reason_;
   std::string fallbackTitle_ = "Enter Password";
   std::deque<Reply> waiting_;

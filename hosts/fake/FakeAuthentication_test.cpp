@@ -36,6 +36,16 @@ TEST_F(FakeAuthenticationTest, IsAvailableUntilATestTakesItAway) {
   EXPECT_EQ(context_.questions(), 3);
 }
 
+TEST_F(FakeAuthenticationTest, RemembersWhatTheLastQuestionWas) {
+  EXPECT_EQ(context_.questionedPolicy(), std::nullopt);
+  NSError error;
+  EXPECT_TRUE(context_.canEvaluatePolicy(kPolicy, &error));
+  EXPECT_EQ(context_.questionedPolicy(), kPolicy);
+  EXPECT_TRUE(context_.questionedForError());
+  EXPECT_TRUE(context_.canEvaluatePolicy(kPolicy, nullptr));
+  EXPECT_FALSE(context_.questionedForError());
+}
+
 TEST_F(FakeAuthenticationTest, ACheckWaitsForItsAnswer) {
   check("open");
   EXPECT_TRUE(context_.isWaiting());

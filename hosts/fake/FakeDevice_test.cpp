@@ -121,6 +121,14 @@ TEST_F(FakeDeviceTest, SystemAnswersAreThoseOfTheTest) {
   EXPECT_THAT(host().processInfo().preferredLanguages(), ElementsAre("de", "en"));
 }
 
+TEST_F(FakeDeviceTest, ATestMayLookRoundWhileAVibrationIsPlayed) {
+  std::size_t played = 0;
+  device_.audioServices().setWhilePlaying(
+      [&] { played = device_.audioServices().played().size(); });
+  host().audioServices().playSystemSoundWithVibration(4095, {});
+  EXPECT_EQ(played, 1U);
+}
+
 TEST_F(FakeDeviceTest, VibrationsAndSynchronizationsAreRecorded) {
   host().audioServices().playSystemSoundWithVibration(4095, Dictionary{{"Intensity", 1.0}});
   ASSERT_THAT(device_.audioServices().played(), SizeIs(1));

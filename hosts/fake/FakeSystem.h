@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -88,17 +89,30 @@ class FakeSystemLog : public SystemLog {
 class FakeAudioServices : public AudioServices {
  public:
   void playSystemSoundWithVibration(std::uint32_t sound, const Dictionary& vibration) override {
-    const std::lock_guard lock(mutex_);
-    played_.emplace_back(sound, vibration);
+    std::function<void()> whilePlaying;
+    {
+      const std::lock_guard lock(mutex_);
+      played_.emplace_back(sound, vibration);
+      whilePlaying = whilePlaying_;
+    }
+    if (whilePlaying) {
+      whilePlaying();
+    }
   }
   [[nodiscard]] std::vector<std::pair<std::uint32_t, Dictionary>> played() {
     const std::lock_guard lock(mutex_);
     return played_;
   }
+  // Runs inside each call, on its thread.
+  void setWhilePlaying(std::function<void()> whilePlaying) {
+    const std::lock_guard lock(mutex_);
+    whilePlaying_ = std::move(whilePlaying);
+  }
 
  private:
   std::mutex mutex_;
   std::vector<std::pair<std::uint32_t, Dictionary>> played_;
+  std::function<void()> whilePlaying_;
 };
 
 }  // namespace zephyl::fake
