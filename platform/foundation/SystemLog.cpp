@@ -4,11 +4,11 @@
 
 namespace zephyl {
 
-void logError(const std::string& message, std::source_location place) {
+void logError(const std::string& message, const char* function, int line) {
   host().systemLog().log(std::string(kErrorPrefix)
-                             .append(place.function_name())
+                             .append(function)
                              .append(", [Line ")
-                             .append(std::to_string(place.line()))
+                             .append(std::to_string(line))
                              .append(kErrorPlaceEnd)
                              .append(message));
 }

@@ -2,7 +2,6 @@
 
 #pragma once
 
-#include <source_location>
 #include <string>
 
 #include "platform/Export.h"
@@ -22,8 +21,8 @@ class SystemLog {
 inline constexpr char kErrorPrefix[] = "com.vantor.Zephyls: Error => ";
 inline constexpr char kErrorPlaceEnd[] = "], ";
 
-// Logs an error with the function and line that found it. Any thread.
-ZP_EXPORT void logError(const std::string& message,
-                        std::source_location place = std::source_location::current());
+// Logs an error with the function and line that found it: those of the caller. Any thread.
+ZP_EXPORT void logError(const std::string& message, const char* function = __builtin_FUNCTION(),
+                        int line = __builtin_LINE());
 
 }  // namespace zephyl
