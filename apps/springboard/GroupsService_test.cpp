@@ -112,8 +112,9 @@ TEST_F(GroupsServiceTest, GroupsThatNoMessageCarriesAreKept) {
   EXPECT_TRUE(ask(kGetGroupsMessage, {}).isNull());
   EXPECT_TRUE(whyKeepGroupsFile(kGroupsFilePath, nested(512)));
 
-  const std::string large = "<plist><array><dict><key>later</key><string>" +
-                            std::string(61'000'000, 'x') + "</string></dict></array></plist>";
+  std::string large = "<plist><array><dict><key>later</key><string>";
+  large.resize(61'000'000, 'x');
+  large += "</string></dict></array></plist>";
   device_.files().put(kGroupsFilePath, large);
   EXPECT_TRUE(ask(kGetGroupsMessage, {}).isNull());
   EXPECT_TRUE(whyKeepGroupsFile(kGroupsFilePath, large));

@@ -265,7 +265,8 @@ void Check::settings() {
   }
   for (const auto& [key, value] : *list->ifDictionary()) {
     if (const std::string reason = whyOddSetting(key, value); !reason.empty()) {
-      report({"settings", Severity::kWarning, file + ": key " + key + ": " + reason,
+      report({"settings", Severity::kWarning,
+              std::string(file).append(": key ").append(key).append(": ").append(reason),
               "set it anew with `zephyls settings set`, or leave it"});
     }
   }

@@ -1,5 +1,5 @@
-// A person of the address book as the device hands it out: a plain record, never changed after it was
-// made, shared by reference and readable from any thread.
+// A person of the address book as the device hands it out: a plain record, never changed after it
+// was made, shared by reference and readable from any thread.
 //
 // Texts are UTF-8. An empty text means that the person has no such value.
 
