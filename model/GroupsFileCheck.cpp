@@ -58,9 +58,8 @@ class Inspection {
 
   void inspectTypes(const Dictionary& group) {
     for (const auto& [key, value] : group) {
-      const auto known = std::find_if(kGroupKeys.begin(), kGroupKeys.end(),
-                                      [&](const GroupKey& one) { return key == one.name; });
-      if (known == kGroupKeys.end()) {
+      const GroupKey* known = groupKeyNamed(key);
+      if (known == nullptr) {
         note(key.c_str(), "is not known; it is kept");
       } else if (value.type() != known->type) {
         note(key.c_str(), std::string("is ") + nameOf(value.type()) + ", not " +

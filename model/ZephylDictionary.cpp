@@ -1,6 +1,5 @@
 // The dictionary form of a group.
 
-#include <algorithm>
 #include <cassert>
 #include <set>
 #include <string_view>
@@ -23,13 +22,6 @@ Dictionary systemGroup(const char* title, const char* subTitle, ZephylSystemMode
                     {keys::kEnabled, true},
                     {keys::kPasswordProtected, true},
                     {keys::kSystem, true}};
-}
-
-Value::Type typeOf(std::string_view key) {
-  const auto found = std::find_if(kGroupKeys.begin(), kGroupKeys.end(),
-                                  [&](const GroupKey& one) { return key == one.name; });
-  assert(found != kGroupKeys.end());
-  return found->type;
 }
 
 // Reads the keys of a dictionary one by one. A value whose type its key does not have is handed to
@@ -68,7 +60,9 @@ class Reader {
   Value take(const char* key) {
     known_.insert(key);
     Value value = dictionary_[key];
-    if (!value.isNull() && value.type() != typeOf(key)) {
+    const GroupKey* known = groupKeyNamed(key);
+    assert(known != nullptr);
+    if (!value.isNull() && value.type() != known->type) {
       carried_.set(key, value);
     }
     return value;

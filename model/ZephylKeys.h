@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 #include "platform/foundation/Value.h"
 
@@ -67,5 +68,15 @@ inline constexpr std::array<GroupKey, 17> kGroupKeys = {{
     {keys::kHidesOnLockScreen, Value::Type::kBoolean},
     {keys::kMaskedMessage, Value::Type::kString},
 }};
+
+// Null for a key that the library does not know.
+[[nodiscard]] inline const GroupKey* groupKeyNamed(std::string_view name) {
+  for (const GroupKey& key : kGroupKeys) {
+    if (name == key.name) {
+      return &key;
+    }
+  }
+  return nullptr;
+}
 
 }  // namespace zephyl

@@ -39,7 +39,11 @@ std::vector<std::string> LinuxFiles::contentsOfDirectoryAtPath(const std::string
     }
     if (error && error != std::errc::no_such_file_or_directory &&
         error != std::errc::not_a_directory) {
-      log_.log(path + ": not listed: " + folder + ": " + error.message());
+      log_.log(std::string(path)
+                   .append(": not listed: ")
+                   .append(folder)
+                   .append(": ")
+                   .append(error.message()));
     }
   }
   return {names.begin(), names.end()};
