@@ -92,6 +92,7 @@ TEST_F(BadInputTest, AnUnreadableGroupsFileIsPutAsideBeforeGroupsAreSavedInItsPl
     EXPECT_EQ(read(copies[0]), content);
     EXPECT_NE(result.errors.find(copies[0].string()), std::string::npos) << result.errors;
     EXPECT_NE(result.out.find("Known"), std::string::npos);
+    EXPECT_NE(runOwn({"check"}).out.find(copies[0].string()), std::string::npos);
     EXPECT_EQ(runOwn({"groups", "list"}).status, 0);
   }
 }

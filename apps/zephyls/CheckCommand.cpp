@@ -2,9 +2,11 @@
 // only, and reads what it can of everything even when the first file is no good.
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <set>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -73,6 +75,7 @@ class Check {
   void contacts();
   void groups();
   void favorites();
+  void keptCopies(const std::string& file);
   void settings();
 
   [[nodiscard]] int exitStatus() const { return bad_ ? kBadData : kSuccess; }
@@ -106,9 +109,9 @@ void Check::report(const Finding& finding) {
                     {"advice", finding.advice}});
     return;
   }
-  output_.table({{{nameOf(finding.severity), styleOf(finding.severity)},
-                  {finding.subject, Style::kBold},
-                  {finding.message}}});
+  output_.wholeTable({{{nameOf(finding.severity), styleOf(finding.severity)},
+                       {finding.subject, Style::kBold},
+                       {finding.message}}});
   if (!finding.advice.empty()) {
     output_.line({{"    " + finding.advice, Style::kDim}});
   }
@@ -148,7 +151,8 @@ void Check::contacts() {
     recordIDs_->insert(person->recordID);
   }
   for (const std::string& warning : reading.warnings) {
-    report({"contacts", Severity::kWarning, warning, "the rest of the contact is shown"});
+    report({"contacts", Severity::kWarning, warning,
+            "the rest is shown; the file itself is never changed"});
   }
   for (const std::string& error : reading.errors) {
     report({"contacts", Severity::kBad, error, "see that the file is whole, or leave it out"});
@@ -229,6 +233,20 @@ void Check::groups() {
                               : "nothing is lost by it; edit the file if it was not meant"});
   }
   members(file, *list->ifArray());
+  keptCopies(file);
+}
+
+// Files that could not be read were put aside beside the groups file.
+void Check::keptCopies(const std::string& file) {
+  std::error_code error;
+  for (const auto& entry :
+       std::filesystem::directory_iterator(std::filesystem::path(file).parent_path(), error)) {
+    if (entry.path().string().starts_with(file + ".unreadable-")) {
+      report({"groups", Severity::kWarning,
+              entry.path().string() + ": an earlier groups file that could not be read",
+              "mend it and put it back as " + file + ", or delete it"});
+    }
+  }
 }
 
 void Check::favorites() {

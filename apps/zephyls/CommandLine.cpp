@@ -42,13 +42,13 @@ void addSourceOptions(CLI::App& app, Options& options) {
                  "address book: AddressBook.sqlitedb, a vCard file or a folder of them; may be "
                  "given several times")
       ->type_name("FILE|DIR")
-      ->expected(1)
+      ->allow_extra_args(false)
       ->check(CLI::Validator(whyEmpty, ""));
   app.add_option("--favorite", options.favorites,
                  "a favourite, in place of the phone's own: a record id, full name, number or "
                  "e-mail address; may be given several times")
       ->type_name("WHO")
-      ->expected(1)
+      ->allow_extra_args(false)
       ->check(CLI::Validator(whyEmpty, ""));
   app.add_option("--device", options.device,
                  "folder that holds the groups and settings, laid out as on the phone")
@@ -112,10 +112,10 @@ void addSettingCommands(CommandTable& table, Options& options) {
   CLI::App& settings = table.add("settings", "the extension's settings", listSettings);
   settings.require_subcommand(0, 1);
   CLI::App& get = table.add(settings, "get", "one setting", getSetting);
-  get.add_option("KEY", options.key)->required();
+  get.add_option("KEY", options.key, "as `zephyls settings` lists it")->required();
   CLI::App& set = table.add(settings, "set", "change one setting", setSetting);
-  set.add_option("KEY", options.key)->required();
-  set.add_option("VALUE", options.value)->required();
+  set.add_option("KEY", options.key, "as `zephyls settings` lists it")->required();
+  set.add_option("VALUE", options.value, "on or off, or a number")->required();
 }
 
 void addCommands(CLI::App& program, CommandTable& table, Options& options) {
@@ -130,7 +130,9 @@ void addCommands(CLI::App& program, CommandTable& table, Options& options) {
   table
       .add("explain", "why a conversation is in its groups, and which groups hide it",
            explainConversation)
-      .add_option("GUID", options.guid, "the conversation's GUID, as `conversations` lists it")
+      .add_option("GUID", options.guid,
+                  "the conversation's GUID, as `conversations --json` lists it; a name or address "
+                  "that fits only one conversation will do")
       ->required();
   table.add("check", "look through all files for what is wrong and say what to do",
             checkEverything);
@@ -155,8 +157,13 @@ ParsedCommandLine parseCommandLine(int argc, char** argv) {
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    const int status = program.exit(error, std::cout, std::cerr);
-    parsed.exitStatus = status == 0 ? kSuccess : kWrongUsage;
+    const bool isHelp = error.get_exit_code() == 0;
+    if (isHelp) {
+      program.exit(error, std::cout, std::cerr);
+    } else {
+      std::cerr << "zephyls: " << error.what() << "\nRun `zephyls --help` for more.\n";
+    }
+    parsed.exitStatus = isHelp ? kSuccess : kWrongUsage;
   }
   return parsed;
 }

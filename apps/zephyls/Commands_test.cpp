@@ -147,6 +147,24 @@ TEST_F(CommandsTest, PeopleAreFoundByEveryWord) {
   EXPECT_TRUE(runOwn({"contacts", "--json", "ann", "eve"}).objects().empty());
 }
 
+TEST_F(CommandsTest, SeveralAddressBooksCountTogether) {
+  write(folder_ / "more/one.vcf", "BEGIN:VCARD\nVERSION:3.0\nFN:Ben Moss\nEND:VCARD\n");
+  EXPECT_EQ(all(runOwn({"--contacts", (folder_ / "more").string(), "contacts", "--json"}).objects(),
+                "name"),
+            (Texts{"Ann Larkspur", "Eve Sjö", "Ben Moss"}));
+}
+
+TEST_F(CommandsTest, AConversationIsAlsoFoundByANameOrAddressThatFitsNoOther) {
+  for (const char* name : {"Picnic", "any;+;chat300", "iMessage;+;chat300"}) {
+    EXPECT_NE(runOwn({"explain", name}).out.find("Picnic  iMessage;+;chat300"), std::string::npos);
+  }
+  EXPECT_NE(runOwn({"explain", "eve@example.com"}).out.find("Eve Sjö"), std::string::npos);
+  execute(messages_, "UPDATE chat SET display_name='Picnic' WHERE ROWID=1");
+  const auto result = runOwn({"explain", "Picnic"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.errors.find("iMessage;+;chat300"), std::string::npos) << result.errors;
+}
+
 TEST_F(CommandsTest, RecordIdsStayWhateverElseIsAdded) {
   EXPECT_EQ(runOwn({"contacts"}).status, 0);
   write(folder_ / "source/people.vcf",
@@ -221,6 +239,7 @@ TEST_F(CommandsTest, FavouritesAreThoseOfThePhoneOrThoseThatAreNamed) {
   for (const char* who : {"1000001", "Ann Larkspur", "555 555 0101"}) {
     EXPECT_EQ(favorites({"--favorite", who}), picnicAndAnn) << who;
   }
+  EXPECT_EQ(favorites({"--favorite", "1000001", "--favorite", "1000002"}).size(), 3U);
   EXPECT_EQ(favorites({"--favorite", "eve@EXAMPLE.com"}), Texts{"iMessage;-;eve@example.com"});
   EXPECT_EQ(runOwn({"--favorite", "Nobody", "unread"}).status, 1);
 

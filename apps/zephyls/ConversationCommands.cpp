@@ -136,7 +136,7 @@ int listConversations(Session& session, Output& output) {
 
 int explainConversation(Session& session, Output& output) {
   session.startGroups();
-  const CKConversationRef conversation = session.conversationWithGuid(session.options().guid);
+  const CKConversationRef conversation = session.conversationNamed(session.options().guid);
   const std::vector<Explanation> explanations = explain(conversation);
   if (output.isJson()) {
     for (const Explanation& one : explanations) {
@@ -159,7 +159,7 @@ int explainConversation(Session& session, Output& output) {
                     {std::string(one.hides ? "hides it; " : "") + one.because +
                      (one.group->isEnabled() ? "" : " (the group is disabled)")}});
   }
-  output.table(rows);
+  output.wholeTable(rows);
   return session.exitStatus();
 }
 

@@ -68,7 +68,7 @@ Row conversationRow(const CKConversation& conversation) {
   const bool unread = facts.hasUnreadMessages;
   std::string text = facts.lastText.value_or(facts.lastDate ? "(no readable text)" : "");
   if (facts.lastText && text.empty()) {
-    text = "(attachment)";
+    text = "(no text)";
   }
   return {
       {unread ? "●" : " ", Style::kUnread},

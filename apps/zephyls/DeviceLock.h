@@ -9,8 +9,8 @@ namespace zephyl::app {
 
 class DeviceLock {
  public:
-  // Waits for its turn. In a root that cannot be written there is nothing to keep apart, and
-  // nothing is held.
+  // Waits for its turn, ten seconds at most; then throws CommandError. In a root that cannot be
+  // written there is nothing to keep apart, and nothing is held.
   explicit DeviceLock(const std::filesystem::path& deviceRoot);
   ~DeviceLock();
   DeviceLock(const DeviceLock&) = delete;

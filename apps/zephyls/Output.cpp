@@ -75,7 +75,7 @@ void Output::line(const Row& cells) {
   out_ << '\n';
 }
 
-void Output::table(const std::vector<Row>& rows) {
+void Output::table(const std::vector<Row>& rows, std::size_t lineWidth) {
   std::vector<Row> safe = rows;
   std::vector<std::size_t> widths;
   for (Row& row : safe) {
@@ -90,17 +90,18 @@ void Output::table(const std::vector<Row>& rows) {
     }
   }
   for (const Row& row : safe) {
-    printRow(row, widths);
+    printRow(row, widths, lineWidth);
   }
 }
 
-void Output::printRow(const Row& row, const std::vector<std::size_t>& widths) {
+void Output::printRow(const Row& row, const std::vector<std::size_t>& widths,
+                      std::size_t lineWidth) {
   std::size_t used = 0;
   for (std::size_t column = 0; column < row.size(); ++column) {
     const Cell& cell = row[column];
     if (column + 1 == row.size()) {
-      const bool cut = lineWidth_ > used;
-      out_ << styled(cut ? cutToWidth(cell.text, lineWidth_ - used) : cell.text, cell.style);
+      const bool cut = lineWidth > used;
+      out_ << styled(cut ? cutToWidth(cell.text, lineWidth - used) : cell.text, cell.style);
       break;
     }
     out_ << styled(cell.text, cell.style)

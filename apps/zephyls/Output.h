@@ -40,7 +40,9 @@ class Output {
 
   // Columns as wide as their widest cell, two spaces apart. On a terminal the last column is cut
   // to what is left of the line.
-  void table(const std::vector<Row>& rows);
+  void table(const std::vector<Row>& rows) { table(rows, lineWidth_); }
+  // The last column whole, however long it is.
+  void wholeTable(const std::vector<Row>& rows) { table(rows, 0); }
 
   // On standard error, after the program's name.
   void complain(const std::string& message);
@@ -49,7 +51,9 @@ class Output {
   [[nodiscard]] bool finish();
 
  private:
-  void printRow(const Row& row, const std::vector<std::size_t>& widths);
+  // A `lineWidth` of 0 is no limit.
+  void table(const std::vector<Row>& rows, std::size_t lineWidth);
+  void printRow(const Row& row, const std::vector<std::size_t>& widths, std::size_t lineWidth);
   [[nodiscard]] std::string styled(const std::string& text, Style style) const;
 
   std::ostream& out_;

@@ -267,15 +267,33 @@ CKConversationArray Session::conversationsOf(const ZephylRef& group) {
   return group->conversations()->conversations();
 }
 
-CKConversationRef Session::conversationWithGuid(const std::string& guid) {
+CKConversationRef Session::conversationNamed(const std::string& guidOrName) {
   const CKConversationArray all = host().conversationList().conversations();
+  CKConversationArray named;
   for (const CKConversationRef& conversation : all) {
-    if (conversation->guid() == guid || conversation->facts().rawGuid == guid) {
+    const CKConversation::Facts& facts = conversation->facts();
+    if (facts.guid == guidOrName || facts.rawGuid == guidOrName) {
       return conversation;
     }
+    const bool isWith = !facts.isGroupConversation && facts.handles.size() == 1 &&
+                        facts.handles.front().displayID() == guidOrName;
+    if (facts.name == guidOrName || isWith) {
+      named.push_back(conversation);
+    }
   }
-  throw CommandError("no conversation has the GUID \"" + guid +
-                     "\"; `zephyls conversations` lists them");
+  if (named.size() == 1) {
+    return named.front();
+  }
+  if (named.empty()) {
+    throw CommandError("no conversation has the GUID, name or address \"" + guidOrName +
+                       "\"; `zephyls conversations --json` lists them");
+  }
+  std::string guids;
+  for (const CKConversationRef& conversation : named) {
+    guids.append(" ").append(conversation->guid());
+  }
+  throw CommandError("several conversations are called \"" + guidOrName +
+                     "\"; name one by its GUID:" + guids);
 }
 
 }  // namespace zephyl::app

@@ -53,8 +53,8 @@ class Session {
   // What the group shows, its conversations loaded anew.
   [[nodiscard]] CKConversationArray conversationsOf(const ZephylRef& group);
 
-  // By canonical or raw GUID.
-  [[nodiscard]] CKConversationRef conversationWithGuid(const std::string& guid);
+  // By canonical or raw GUID, or by a name or address that fits no other.
+  [[nodiscard]] CKConversationRef conversationNamed(const std::string& guidOrName);
 
   // Tells the user of bad data that did not stop the command; its exit status says so.
   void complain(const std::string& message);

@@ -20,10 +20,11 @@ struct Setting {
 };
 
 inline constexpr std::array<Setting, 5> kSettings = {{
-    {settings_keys::kEnabled, SettingType::kSwitch, "the extension is on"},
+    {settings_keys::kEnabled, SettingType::kSwitch, "whether the extension is on"},
     {settings_keys::kSortBy, SettingType::kNumber, "user groups: 0 by title, 1 by creation date"},
     {settings_keys::kSortOrder, SettingType::kNumber, "0 ascending, 1 descending"},
-    {settings_keys::kRememberSession, SettingType::kSwitch, "an unlocked group stays unlocked"},
+    {settings_keys::kRememberSession, SettingType::kSwitch,
+     "whether an unlocked group stays unlocked"},
     {settings_keys::kSessionTime, SettingType::kMinutes, "for so many minutes"},
 }};
 

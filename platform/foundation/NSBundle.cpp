@@ -57,7 +57,7 @@ std::string NSBundle::localizedStringForKey(const std::string& key,
                                             const std::optional<std::string>& table) const {
   const std::string file = "/" + table.value_or("Localizable") + ".strings";
   for (const std::string& name : localizations(host().processInfo().preferredLanguages())) {
-    const std::string path = path_ + "/" + name + ".lproj" + file;
+    const std::string path = std::string(path_).append("/").append(name).append(".lproj") + file;
     const auto bytes = host().files().contentsAtPath(path);
     if (!bytes) {
       continue;
