@@ -268,6 +268,14 @@ TEST_F(BadInputTest, DamagedSourcesAreShownAsFarAsTheyGo) {
   EXPECT_EQ(runOwn({"contacts", "--json"}).objects().back()["name"], "Cut");
 }
 
+TEST_F(BadInputTest, ADatabaseThatCannotTellWhatIsUnreadSaysSo) {
+  execute(messages_, "ALTER TABLE message DROP COLUMN is_read");
+  const auto result = runOwn({"unread", "--json"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.objects()[0]["unreadCount"], 0);
+  EXPECT_NE(result.errors.find("no column is_read"), std::string::npos) << result.errors;
+}
+
 TEST_F(BadInputTest, ALogThatHoldsEverythingIsRead) {
   // As left behind by a program that was killed: the main file is all but empty.
   sqlite3* connection = nullptr;

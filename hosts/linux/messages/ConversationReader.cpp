@@ -36,6 +36,9 @@ DatabaseResult<MessagesReading> ConversationReader::read() {
   }
   reading.conversations = sortedRecords();
   reading.warnings = notes_.lines();
+  if (!schema_.has("message", "is_read")) {
+    reading.warnings.emplace_back("message has no column is_read; nothing counts as unread");
+  }
   return reading;
 }
 
