@@ -14,7 +14,7 @@
 #include "platform/foundation/Dictionary.h"
 #include "platform/foundation/PropertyList.h"
 
-#include "apps/zephyls/CommandError.h"
+#include "apps/common/CommandError.h"
 #include "apps/zephyls/Commands.h"
 #include "apps/zephyls/Describe.h"
 #include "apps/zephyls/Output.h"

@@ -6,7 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "apps/zephyls/CommandError.h"
+#include "apps/common/CommandError.h"
 #include "apps/zephyls/Commands.h"
 #include "apps/zephyls/Version.h"
 
@@ -35,22 +35,22 @@ std::string whyEmpty(const std::string& text) {
 }
 
 void addSourceOptions(CLI::App& app, Options& options) {
-  app.add_option("--messages", options.messages, "Messages database: sms.db or chat.db")
+  app.add_option("--messages", options.sources.messages, "Messages database: sms.db or chat.db")
       ->type_name("FILE")
       ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--contacts", options.contacts,
+  app.add_option("--contacts", options.sources.contacts,
                  "address book: AddressBook.sqlitedb, a vCard file or a folder of them; may be "
                  "given several times")
       ->type_name("FILE|DIR")
       ->allow_extra_args(false)
       ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--favorite", options.favorites,
+  app.add_option("--favorite", options.sources.favorites,
                  "a favourite, in place of the phone's own: a record id, full name, number or "
                  "e-mail address; may be given several times")
       ->type_name("WHO")
       ->allow_extra_args(false)
       ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--device", options.device,
+  app.add_option("--device", options.sources.device,
                  "folder that holds the groups and settings, laid out as on the phone")
       ->type_name("DIR")
       ->check(CLI::Validator(whyEmpty, ""));

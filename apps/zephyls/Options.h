@@ -6,13 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "apps/common/SourceOptions.h"
+
 namespace zephyl::app {
 
 struct Options {
-  std::optional<std::string> messages;  // a Messages database
-  std::vector<std::string> contacts;    // address books, vCards and folders of them
-  std::vector<std::string> favorites;   // people who are favourites; none: those of the phone
-  std::optional<std::string> device;    // the device root
+  SourceOptions sources;
   std::string iosVersion = "14.0";
   bool biometrics = false;
   std::optional<std::string> language;

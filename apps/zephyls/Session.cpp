@@ -1,9 +1,7 @@
 #include "apps/zephyls/Session.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -11,28 +9,16 @@
 #include "platform/foundation/Dictionary.h"
 #include "platform/foundation/NSFileManager.h"
 #include "platform/foundation/PropertyListFile.h"
-#include "platform/foundation/SystemLog.h"
 
+#include "apps/common/CommandError.h"
+#include "apps/common/DeviceLock.h"
 #include "apps/springboard/GroupsService.h"
-#include "apps/zephyls/CommandError.h"
-#include "apps/zephyls/DeviceLock.h"
-#include "apps/zephyls/Favorites.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/SessionLog.h"
-#include "hosts/common/FilteredConversationList.h"
 #include "hosts/linux/InProcessMessagingCenter.h"
 #include "hosts/linux/Languages.h"
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/LinuxDispatch.h"
-#include "hosts/linux/contacts/ContactSources.h"
-#include "hosts/linux/contacts/FavoritesFile.h"
-#include "hosts/linux/contacts/HandleMatcher.h"
-#include "hosts/linux/contacts/HomeRegion.h"
-#include "hosts/linux/contacts/PhoneFormatter.h"
-#include "hosts/linux/messages/MessagesDatabase.h"
-#include "hosts/linux/sources/ConversationFacts.h"
-#include "hosts/linux/sources/LinuxAddressBook.h"
-#include "hosts/linux/sources/LinuxFavorites.h"
 #include "model/GroupsFileCheck.h"
 #include "model/ZPSettings.h"
 #include "model/ZephylKeys.h"
@@ -46,51 +32,17 @@ namespace {
 // More warnings than these are counted only; `check` lists them all.
 constexpr std::size_t kMostWarnings = 3;
 
-// The locale whose rules telephone numbers follow.
-std::string telephoneLocale() {
-  for (const char* name : {"LC_ALL", "LC_TELEPHONE", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value != nullptr && *value != '\0') {
-      return value;
-    }
-  }
-  return {};
-}
-
-std::vector<ABFavoritesEntry> readFavoritesOfDevice() {
-  const auto bytes = host().files().contentsAtPath(kFavoritesFilePath);
-  if (!bytes) {
-    return {};
-  }
-  linux_host::FavoritesReading reading = linux_host::readFavoritesFile(*bytes, kFavoritesFilePath);
-  for (const auto* lines : {&reading.errors, &reading.warnings}) {
-    for (const std::string& line : *lines) {
-      host().systemLog().log(line);
-    }
-  }
-  return std::move(reading.entries);
-}
-
-bool ruleShows(const ZephylRef& group, const CKConversationRef& conversation) {
-  return ZephylsDataController::sharedInstance()->isConversationMemberOfGroup(group, conversation,
-                                                                              host().addressBook());
-}
-
 }  // namespace
-
-// What was read of the user's, and what finds its way in it.
-struct Session::Sources {
-  std::string homeRegion = linux_host::homeRegionFor(telephoneLocale());
-  std::vector<ABPersonRef> people;
-  std::optional<linux_host::HandleMatcher> matcher;
-  FilteredConversationList* list = nullptr;  // the device's
-};
 
 Session::Session(const Options& options, Output& output)
     : options_(options),
       output_(output),
-      places_(placesFor(options)),
-      sources_(std::make_unique<Sources>()) {}
+      places_(placesFor(options.sources)),
+      userData_(places_,
+                {[this](const std::string& message) { complain(message); },
+                 [this](const std::string& source, const std::vector<std::string>& warnings) {
+                   warn(source, warnings);
+                 }}) {}
 
 Session::~Session() {
   if (device_ == nullptr) {
@@ -120,28 +72,6 @@ void Session::warn(const std::string& source, const std::vector<std::string>& wa
   }
 }
 
-void Session::readContacts() {
-  if (places_.contacts.empty()) {
-    return;
-  }
-  linux_host::RecordIDs ids(places_.recordIDs());
-  linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
-  for (const std::string& error : reading.errors) {
-    complain(error);
-  }
-  warn("contacts", reading.warnings);
-  sources_->people = std::move(reading.people);
-}
-
-linux_host::LinuxFavorites::Read Session::favoritesReader() const {
-  if (options_.favorites.empty()) {
-    return readFavoritesOfDevice;
-  }
-  return [entries = favoritesNamed(options_.favorites, sources_->people, *sources_->matcher)] {
-    return entries;
-  };
-}
-
 void Session::writeFirstSettings() {
   const std::string path = ZPUtils::settingsFilePath();
   if (device_->files().fileExistsAtPath(path)) {
@@ -164,8 +94,7 @@ void Session::startDevice() {
                        error.message() + "; name a folder that can be written with --device");
   }
   const DeviceLock lock(places_.device);
-  readContacts();
-  sources_->matcher.emplace(sources_->people, sources_->homeRegion);
+  userData_.readPeople();
 
   linux_host::DeviceOptions options;
   options.deviceRoot = places_.device.string();
@@ -177,27 +106,11 @@ void Session::startDevice() {
       options.deviceRoot, [this](const std::string& message) { complain(message); });
   options.hasBiometrics = options_.biometrics;
   options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
-  auto list = std::make_unique<FilteredConversationList>();
-  sources_->list = list.get();
-  options.conversationList = std::move(list);
-  options.addressBook = std::make_shared<linux_host::LinuxAddressBook>(sources_->people);
-  options.favorites = std::make_unique<linux_host::LinuxFavorites>(favoritesReader());
-  options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(sources_->homeRegion);
+  userData_.serveBy(options, options_.sources.favorites);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
   install(*device_);
   serveGroups(device_->messageServers());
   writeFirstSettings();
-}
-
-void Session::readConversations() {
-  const auto reading = linux_host::MessagesDatabase::read(places_.messages.string());
-  if (!reading.ok()) {
-    throw CommandError(reading.error().file + ": " + reading.error().reason);
-  }
-  warn("messages", reading.value().warnings);
-  sources_->list->setShows(ruleShows);
-  sources_->list->setConversations(linux_host::conversationsOf(
-      reading.value().conversations, *sources_->matcher, device_->phoneFormatting()));
 }
 
 // After a start that left no groups.
@@ -217,7 +130,7 @@ void Session::startGroups() {
   }
   groupsStarted_ = true;
   startDevice();
-  readConversations();
+  userData_.readConversations();
   {
     const DeviceLock lock(places_.device);
     const auto store = ZephylsDataController::sharedInstance();

@@ -12,9 +12,9 @@
 
 #include "platform/chatkit/CKConversation.h"
 
+#include "apps/common/Places.h"
+#include "apps/common/UserData.h"
 #include "apps/zephyls/Options.h"
-#include "apps/zephyls/Places.h"
-#include "hosts/linux/sources/LinuxFavorites.h"
 #include "model/Zephyl.h"
 
 namespace zephyl::linux_host {
@@ -61,12 +61,7 @@ class Session {
   [[nodiscard]] int exitStatus() const;
 
  private:
-  struct Sources;
-
-  void readContacts();
-  void readConversations();
   void writeFirstSettings();
-  [[nodiscard]] linux_host::LinuxFavorites::Read favoritesReader() const;
   [[nodiscard]] std::string whyNoGroups() const;
   void warn(const std::string& source, const std::vector<std::string>& warnings);
 
@@ -74,7 +69,7 @@ class Session {
   Output& output_;
   const Places places_;
   std::atomic<bool> badData_ = false;
-  std::unique_ptr<Sources> sources_;
+  UserData userData_;
   std::unique_ptr<linux_host::LinuxDevice> device_;
   bool groupsStarted_ = false;
 };

@@ -14,9 +14,9 @@
 #include "platform/foundation/PropertyList.h"
 #include "platform/foundation/PropertyListFile.h"
 
-#include "apps/zephyls/CommandError.h"
+#include "apps/common/CommandError.h"
+#include "apps/common/DeviceLock.h"
 #include "apps/zephyls/Commands.h"
-#include "apps/zephyls/DeviceLock.h"
 #include "apps/zephyls/Json.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"

@@ -4,7 +4,7 @@
 #include <exception>
 #include <iostream>
 
-#include "apps/zephyls/CommandError.h"
+#include "apps/common/CommandError.h"
 #include "apps/zephyls/CommandLine.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"

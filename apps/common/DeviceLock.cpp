@@ -1,4 +1,4 @@
-#include "apps/zephyls/DeviceLock.h"
+#include "apps/common/DeviceLock.h"
 
 #include <cerrno>
 #include <chrono>
@@ -8,7 +8,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "apps/zephyls/CommandError.h"
+#include "apps/common/CommandError.h"
 
 namespace zephyl::app {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/zephyls/Options.h"
+#include "apps/common/SourceOptions.h"
 
 namespace zephyl::app {
 
@@ -33,6 +33,6 @@ struct Places {
 // What the options name. Without --messages: the databases of a phone that lie in the device root;
 // without those either, the sample, whose device root is put into the user's data directory the
 // first time. Throws CommandError.
-[[nodiscard]] Places placesFor(const Options& options);
+[[nodiscard]] Places placesFor(const SourceOptions& options);
 
 }  // namespace zephyl::app

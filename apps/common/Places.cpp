@@ -1,11 +1,11 @@
-#include "apps/zephyls/Places.h"
+#include "apps/common/Places.h"
 
 #include <cstdlib>
 #include <system_error>
 
 #include <unistd.h>
 
-#include "apps/zephyls/CommandError.h"
+#include "apps/common/CommandError.h"
 
 namespace zephyl::app {
 
@@ -70,7 +70,7 @@ void copyFolder(const fs::path& from, const fs::path& to) {
   fs::remove_all(half, error);
 }
 
-void useSample(const Options& options, Places& places) {
+void useSample(const SourceOptions& options, Places& places) {
   const fs::path sample = shareFolder() / "sample";
   if (!isThere(sample / "messages/chat.db")) {
     throw CommandError("the sample is missing from " + sample.string() +
@@ -91,7 +91,7 @@ void useSample(const Options& options, Places& places) {
 
 }  // namespace
 
-Places placesFor(const Options& options) {
+Places placesFor(const SourceOptions& options) {
   Places places;
   places.overlay = shareFolder() / "overlay";
   places.device = options.device ? fs::absolute(*options.device) : dataFolder() / "device";

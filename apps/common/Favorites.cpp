@@ -1,6 +1,6 @@
-#include "apps/zephyls/Favorites.h"
+#include "apps/common/Favorites.h"
 
-#include "apps/zephyls/CommandError.h"
+#include "apps/common/CommandError.h"
 
 namespace zephyl::app {
 

@@ -1,0 +1,107 @@
+#include "apps/common/UserData.h"
+
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+#include "platform/Host.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/SystemLog.h"
+
+#include "apps/common/CommandError.h"
+#include "apps/common/Favorites.h"
+#include "hosts/common/FilteredConversationList.h"
+#include "hosts/linux/LinuxDevice.h"
+#include "hosts/linux/contacts/ContactSources.h"
+#include "hosts/linux/contacts/FavoritesFile.h"
+#include "hosts/linux/contacts/HomeRegion.h"
+#include "hosts/linux/contacts/PhoneFormatter.h"
+#include "hosts/linux/messages/MessagesDatabase.h"
+#include "hosts/linux/sources/ConversationFacts.h"
+#include "hosts/linux/sources/LinuxAddressBook.h"
+#include "store/ZephylsDataController.h"
+
+namespace zephyl::app {
+
+namespace {
+
+// The locale whose rules telephone numbers follow.
+std::string telephoneLocale() {
+  for (const char* name : {"LC_ALL", "LC_TELEPHONE", "LANG"}) {
+    const char* value = std::getenv(name);
+    if (value != nullptr && *value != '\0') {
+      return value;
+    }
+  }
+  return {};
+}
+
+std::vector<ABFavoritesEntry> readFavoritesOfDevice() {
+  const auto bytes = host().files().contentsAtPath(kFavoritesFilePath);
+  if (!bytes) {
+    return {};
+  }
+  linux_host::FavoritesReading reading = linux_host::readFavoritesFile(*bytes, kFavoritesFilePath);
+  for (const auto* lines : {&reading.errors, &reading.warnings}) {
+    for (const std::string& line : *lines) {
+      host().systemLog().log(line);
+    }
+  }
+  return std::move(reading.entries);
+}
+
+bool ruleShows(const ZephylRef& group, const CKConversationRef& conversation) {
+  return ZephylsDataController::sharedInstance()->isConversationMemberOfGroup(group, conversation,
+                                                                              host().addressBook());
+}
+
+}  // namespace
+
+UserData::UserData(const Places& places, Reports reports)
+    : places_(places),
+      reports_(std::move(reports)),
+      homeRegion_(linux_host::homeRegionFor(telephoneLocale())) {}
+
+void UserData::readPeople() {
+  if (!places_.contacts.empty()) {
+    linux_host::RecordIDs ids(places_.recordIDs());
+    linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
+    for (const std::string& error : reading.errors) {
+      reports_.badData(error);
+    }
+    reports_.warnings("contacts", reading.warnings);
+    people_ = std::move(reading.people);
+  }
+  matcher_.emplace(people_, homeRegion_);
+}
+
+linux_host::LinuxFavorites::Read UserData::favoritesReader(
+    const std::vector<std::string>& favorites) const {
+  if (favorites.empty()) {
+    return readFavoritesOfDevice;
+  }
+  return [entries = favoritesNamed(favorites, people_, *matcher_)] { return entries; };
+}
+
+void UserData::serveBy(linux_host::DeviceOptions& options,
+                       const std::vector<std::string>& favorites) {
+  auto list = std::make_unique<FilteredConversationList>();
+  list_ = list.get();
+  options.conversationList = std::move(list);
+  options.addressBook = std::make_shared<linux_host::LinuxAddressBook>(people_);
+  options.favorites = std::make_unique<linux_host::LinuxFavorites>(favoritesReader(favorites));
+  options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(homeRegion_);
+}
+
+void UserData::readConversations() {
+  const auto reading = linux_host::MessagesDatabase::read(places_.messages.string());
+  if (!reading.ok()) {
+    throw CommandError(reading.error().file + ": " + reading.error().reason);
+  }
+  reports_.warnings("messages", reading.value().warnings);
+  list_->setShows(ruleShows);
+  list_->setConversations(linux_host::conversationsOf(reading.value().conversations, *matcher_,
+                                                      host().phoneFormatting()));
+}
+
+}  // namespace zephyl::app

@@ -1,0 +1,68 @@
+// The user's people and conversations: read from where they lie, and served by a device.
+//
+// Made, used and released on the main thread; must outlive the device that it serves.
+
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/addressbook/ABPerson.h"
+
+#include "apps/common/Places.h"
+#include "hosts/linux/contacts/HandleMatcher.h"
+#include "hosts/linux/sources/LinuxFavorites.h"
+
+namespace zephyl {
+class FilteredConversationList;
+}
+
+namespace zephyl::linux_host {
+struct DeviceOptions;
+}
+
+namespace zephyl::app {
+
+class UserData {
+ public:
+  // What is told while reading. Neither function may be empty.
+  struct Reports {
+    std::function<void(const std::string& message)> badData;
+    std::function<void(const std::string& source, const std::vector<std::string>& warnings)>
+        warnings;
+  };
+
+  UserData(const Places& places, Reports reports);
+
+  // What cannot be read is told and left out. People whose source has no record ids get theirs in
+  // the device root.
+  void readPeople();
+
+  // Fills in what a device serves of them: the conversation list, empty for now, the address book,
+  // the favourites (those of `favorites`, or of the device when it names none) and the form of
+  // phone numbers. After `readPeople`. Throws CommandError for a favourite who is nobody.
+  void serveBy(linux_host::DeviceOptions& options, const std::vector<std::string>& favorites);
+
+  // Reads the conversations and puts them into the list of the device, which is installed. May be
+  // called again when the database has changed. Throws CommandError.
+  void readConversations();
+
+  [[nodiscard]] const std::vector<ABPersonRef>& people() const { return people_; }
+  // After `readPeople`.
+  [[nodiscard]] const linux_host::HandleMatcher& matcher() const { return *matcher_; }
+
+ private:
+  [[nodiscard]] linux_host::LinuxFavorites::Read favoritesReader(
+      const std::vector<std::string>& favorites) const;
+
+  const Places& places_;
+  const Reports reports_;
+  const std::string homeRegion_;
+  std::vector<ABPersonRef> people_;
+  std::optional<linux_host::HandleMatcher> matcher_;
+  FilteredConversationList* list_ = nullptr;  // the device's
+};
+
+}  // namespace zephyl::app
