@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+#include "hosts/linux/messages/ReadOnlyFileSystem.h"
+
 namespace zephyl::linux_host {
 namespace {
 
@@ -15,7 +17,7 @@ constexpr std::int64_t kLengthOfAnyFile = 1'000'000;
 constexpr std::int64_t kLongestLength = 1'000'000'000;
 
 // A file: address with every byte escaped that could mean something in it.
-std::string addressOf(const std::filesystem::path& file) {
+std::string addressOf(const std::filesystem::path& file, bool readsLog) {
   constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789/._-";
   constexpr std::string_view kHex = "0123456789ABCDEF";
@@ -30,7 +32,7 @@ std::string addressOf(const std::filesystem::path& file) {
       address += kHex[byte & 15];
     }
   }
-  return address + "?mode=ro&immutable=1";
+  return address + (readsLog ? "?mode=ro" : "?mode=ro&immutable=1");
 }
 
 int countDown(void* connection) {
@@ -64,9 +66,10 @@ Connection::~Connection() {
 }
 
 void Connection::open(const std::filesystem::path& database) {
-  const std::string where = scratch ? scratch->database().string() : addressOf(database);
+  const std::string where = scratch ? scratch->database().string() : addressOf(database, readsLog);
   const int flags = scratch ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
-  const int status = sqlite3_open_v2(where.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int status = sqlite3_open_v2(where.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX,
+                                     readsLog ? readOnlyFileSystem() : nullptr);
   if (status != SQLITE_OK) {
     fail(status);
     return;
@@ -83,6 +86,10 @@ void Connection::open(const std::filesystem::path& database) {
   sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, static_cast<int>(longest));
   allowSteps();
   sqlite3_progress_handler(handle, kStepsInAUnit, &countDown, this);
+  if (readsLog) {
+    // Keeps the index of the log in memory, where it would else be a file.
+    execute("PRAGMA locking_mode=EXCLUSIVE");
+  }
   execute("PRAGMA query_only=1");
   execute("PRAGMA temp_store=MEMORY");
   execute("PRAGMA cache_size=-16384");

@@ -34,6 +34,8 @@ struct Connection {
   void execute(const char* sql);
 
   std::optional<ScratchCopy> scratch;
+  // In place, together with the log beside it.
+  bool readsLog = false;
   sqlite3* handle = nullptr;
   // As the caller named the file.
   std::string name;

@@ -8,6 +8,19 @@
 #include "hosts/linux/messages/ScratchCopy.h"
 
 namespace zephyl::linux_host {
+namespace {
+
+std::optional<std::string> whyNotInPlace(const SourceFiles& source) {
+  if (source.hasHotJournal()) {
+    return "another program is in the middle of changing the file; wait until it is done";
+  }
+  if (source.size() == 0) {
+    return "the file is empty, and what belongs into it is still in its log";
+  }
+  return std::nullopt;
+}
+
+}  // namespace
 
 ReadOnlyDatabase::ReadOnlyDatabase(SourceFiles source, std::shared_ptr<Connection> connection)
     : source_(std::move(source)), connection_(std::move(connection)) {}
@@ -21,7 +34,12 @@ DatabaseResult<ReadOnlyDatabase> ReadOnlyDatabase::open(const std::filesystem::p
   auto connection = std::make_shared<Connection>();
   connection->name = file.string();
   connection->size = source.size() + source.logSize();
-  if (access == Access::kPrivateCopy || source.hasLog() || source.hasHotJournal()) {
+  if (access == Access::kLogInPlace) {
+    if (auto problem = whyNotInPlace(source)) {
+      return DatabaseError{file.string(), std::move(*problem)};
+    }
+    connection->readsLog = source.hasLog();
+  } else if (access == Access::kPrivateCopy || source.hasLog() || source.hasHotJournal()) {
     auto copy = ScratchCopy::of(source.database());
     if (!copy.ok()) {
       return DatabaseError{file.string(), copy.error().reason};

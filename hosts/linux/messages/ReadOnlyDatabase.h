@@ -5,6 +5,11 @@
 // it is read in place without locks: look at sourceChanged() when done, and read again with
 // Access::kPrivateCopy if it says so.
 //
+// A large file that is looked at again and again should not be copied each time: with
+// Access::kLogInPlace its log is read where it lies, too, and nothing is ever copied. A file with an
+// unfinished transaction is then an error, as is an empty file whose log has everything; both are
+// read when their writer has gone on.
+//
 // An object and its statements belong to one thread; different objects know nothing of each other.
 
 #pragma once
@@ -22,7 +27,7 @@ namespace zephyl::linux_host {
 
 class ReadOnlyDatabase {
  public:
-  enum class Access { kInPlaceWhenSafe, kPrivateCopy };
+  enum class Access { kInPlaceWhenSafe, kPrivateCopy, kLogInPlace };
 
   [[nodiscard]] static DatabaseResult<ReadOnlyDatabase> open(
       const std::filesystem::path& file, Access access = Access::kInPlaceWhenSafe);
