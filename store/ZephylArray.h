@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -32,6 +31,10 @@ class ZephylArray {
   }
   void removeAt(std::size_t index) {
     change([&](ZephylVector& all) { all.erase(all.begin() + static_cast<std::ptrdiff_t>(index)); });
+  }
+  template <class Predicate>
+  void removeWhere(const Predicate& matches) {
+    change([&](ZephylVector& all) { std::erase_if(all, matches); });
   }
   void removeAll() {
     change([](ZephylVector& all) { all.clear(); });

@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -19,22 +20,14 @@
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/chatkit/CKConversation.h"
 #include "platform/foundation/NSBundle.h"
+#include "platform/foundation/NSError.h"
 
 #include "model/Zephyl.h"
 #include "store/Membership.h"
 #include "store/ZephylArray.h"
+#include "store/ZephylNotifications.h"
 
 namespace zephyl {
-
-// The change notifications. The first three are posted in this process and system-wide, the last in
-// this process only. In-process user info, where there is any, has the group under kZephylsKey.
-inline constexpr char kZephylAddedNotification[] = "com.vantor.ZephylAddedNotification";
-inline constexpr char kZephylChangedNotification[] = "com.vantor.ZephylChangedNotification";
-inline constexpr char kZephylDeletedNotification[] = "com.vantor.ZephylDeletedNotification";
-inline constexpr char kZephylDataUpdateNotification[] = "com.vantor.ZephylDataUpdateNotification";
-
-// Kept: holds one ZephylRef in spite of its plural.
-inline constexpr char kZephylsKey[] = "zephyls";
 
 class ZP_EXPORT ZephylsDataController {
  public:
@@ -82,6 +75,37 @@ class ZP_EXPORT ZephylsDataController {
 
   // Null while there is no such bundle; asked again on the next call.
   [[nodiscard]] std::shared_ptr<NSBundle> zephylsBundle();
+
+  // Editing (ZephylsDataControllerEditing.cpp)
+
+  // Each edit changes the list, starts the conversation load of every enabled group (here for the
+  // active one, else in the background), saves every group, posts when that succeeded, and calls
+  // one of the two, which may be empty, before it returns. Nothing is taken back when the save
+  // fails. A null group fails like one that is not stored.
+  using Success = std::function<void()>;
+  using Failure = std::function<void(const NSError&)>;
+
+  // Fails when the identifier is stored already; titles may be equal.
+  void addZephyl(const ZephylRef& zephyl, const Success& success, const Failure& failure);
+
+  // The given object takes the place of the stored one. Kept: it is stamped even when it is not
+  // stored, and the flag is ignored: the change is always posted.
+  void updateZephyl(const ZephylRef& zephyl, bool postNotification, const Success& success,
+                    const Failure& failure);
+  void updateZephyl(const ZephylRef& zephyl, const Success& success, const Failure& failure);
+
+  // Kept: one update after the other, each with its own save, notification and callback.
+  void updateZephyls(const ZephylVector& zephyls, const Success& success, const Failure& failure);
+
+  // The given object is stamped, stored or not. Its picture stays on disk.
+  void deleteZephyl(const ZephylRef& zephyl, const Success& success, const Failure& failure);
+
+  // Every stored group equal to one of these goes, in one save; the others of these are ignored.
+  // Kept: stamps none, and posts without user info.
+  void deleteZephyls(const ZephylVector& zephyls, const Success& success, const Failure& failure);
+
+  // Whether a stored group of any kind has exactly that title; nobody has no name.
+  [[nodiscard]] bool isZephylNameAlreadyExists(const std::optional<std::string>& name) const;
 
   // Queries, in store order (ZephylsDataControllerQueries.cpp). All but the first load the list
   // when it is empty.
@@ -152,6 +176,10 @@ class ZP_EXPORT ZephylsDataController {
 
  private:
   void initializeOnce();
+  void restartConversationLoads();
+  // The last steps of an edit. `failureText` describes a failed save.
+  void finishEdit(const ZephylRef& payload, const char* notificationName, const char* failureText,
+                  const Success& success, const Failure& failure);
   bool saveEveryGroup();
   [[nodiscard]] ZephylVector loadedGroups();
   [[nodiscard]] Membership matchSystemGroup(std::int64_t mode, const CKConversation& conversation,
