@@ -1,9 +1,11 @@
 // What the rest of the library asks of the system: the release, biometrics, texts of the Messages
-// app, phone numbers, vibration, settings. Stateless but for the shared authentication context.
+// app, phone numbers, vibration, settings. Stateless but for the shared authentication context and
+// the unlock session.
 
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,6 +39,26 @@ class ZP_EXPORT ZPUtils {
   // blocks until the main thread has answered, so never call it where the main thread waits for the
   // caller.
   [[nodiscard]] static bool supportsTouchID();
+
+  // The gate before protected groups (ZPUtilsAuthentication.cpp). A check that was answered opens a
+  // session; where the settings say to remember it, further requests pass silently for the minutes
+  // that they give. The session lives as long as the process and is not locked.
+
+  // `error` is null on success and valid only during the call.
+  using Completion = std::function<void(bool success, const NSError* error)>;
+
+  // Whether a remembered session is still open, its last instant included. Kept: a clock that was
+  // set back leaves it open. Any thread.
+  [[nodiscard]] static bool shouldContinueWithoutRequestingForTouchID();
+
+  // Calls `completion`, which may be empty: here with success when no check is possible or a
+  // session is open, here with an error when the device turns out unable to check, else on the
+  // thread of the authentication service with its answer. Kept: a check that failed or was
+  // cancelled opens a session too. May block like `supportsTouchID`.
+  static void requestForAuthentication(const std::string& reason, Completion completion);
+
+  // Ends any session; for the host, as when the device locks. Any thread.
+  static void resetLastUnlockedTimestamp();
 
   // A text of the Messages app; a key that its table does not know comes back as it is.
   [[nodiscard]] static std::string chatKitLocalizedString(const std::string& key);

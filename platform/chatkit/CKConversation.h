@@ -4,12 +4,14 @@
 
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/chatkit/CKEntity.h"
 #include "platform/chatkit/IMHandle.h"
 
 namespace zephyl {
@@ -36,6 +38,19 @@ class CKConversation {
   [[nodiscard]] bool isGroupConversation() const { return facts_.isGroupConversation; }
   [[nodiscard]] bool hasUnreadMessages() const { return facts_.hasUnreadMessages; }
   [[nodiscard]] const std::vector<IMHandle>& handles() const { return facts_.handles; }
+
+  // The participants with their names, in the order of their handles. One whose name is not known
+  // bears its address.
+  [[nodiscard]] std::vector<CKEntity> recipients() const {
+    std::vector<CKEntity> entities;
+    entities.reserve(facts_.handles.size());
+    for (const IMHandle& handle : facts_.handles) {
+      const std::size_t index = entities.size();
+      const bool isNamed = index < facts_.handleNames.size() && !facts_.handleNames[index].empty();
+      entities.emplace_back(handle, isNamed ? facts_.handleNames[index] : handle.displayID());
+    }
+    return entities;
+  }
 
   // What the programs show of it.
   [[nodiscard]] const Facts& facts() const { return facts_; }
