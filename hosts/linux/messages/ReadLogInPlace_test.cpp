@@ -8,8 +8,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "hosts/linux/messages/ReadOnlyDatabase.h"
+#include "hosts/linux/messages/ReadOnlyFileSystem.h"
 #include "hosts/linux/messages/TestDatabase.h"
 
 namespace zephyl::linux_host {
@@ -122,10 +124,43 @@ TEST_F(ReadLogInPlaceTest, LeavesALogBesideAnEmptyFileAlone) {
   EXPECT_THAT(lastValue(), HasSubstr("still in its log"));
 }
 
-TEST_F(ReadLogInPlaceTest, ALogThatIsRubbishCountsForNothing) {
-  {
-    const TestDatabase writer(file_, kLogged);
+// Whatever SQLite is asked for.
+TEST_F(ReadLogInPlaceTest, TheFileSystemCannotChangeAnything) {
+  TestDatabase writer(file_, kLogged);
+  writer.run("INSERT INTO t VALUES ('two')");
+  const auto before = folder_.contents();
+  constexpr int kWriting = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  for (const char* sql : {"DELETE FROM t", "PRAGMA wal_checkpoint(TRUNCATE)",
+                          "PRAGMA journal_mode = DELETE", "VACUUM", "PRAGMA user_version = 1"}) {
+    sqlite3* database = nullptr;
+    EXPECT_EQ(sqlite3_open_v2(file_.c_str(), &database, kWriting, readOnlyFileSystem()), SQLITE_OK);
+    sqlite3_exec(database, "PRAGMA locking_mode = EXCLUSIVE", nullptr, nullptr, nullptr);
+    sqlite3_exec(database, sql, nullptr, nullptr, nullptr);
+    sqlite3_close(database);
+    EXPECT_TRUE(folder_.contents() == before) << sql;
   }
+  sqlite3* database = nullptr;
+  EXPECT_NE(
+      sqlite3_open_v2(folder_.file("new.db").c_str(), &database, kWriting, readOnlyFileSystem()),
+      SQLITE_OK);
+  sqlite3_close(database);
+  EXPECT_TRUE(folder_.contents() == before);
+}
+
+// SQLite would delete it.
+TEST_F(ReadLogInPlaceTest, TheFileSystemKeepsALogBesideAnEmptyFile) {
+  writeFile(file_, "");
+  writeFile(file_ + "-wal", "log");
+  sqlite3* database = nullptr;
+  sqlite3_open_v2(file_.c_str(), &database, SQLITE_OPEN_READONLY, readOnlyFileSystem());
+  EXPECT_NE(sqlite3_exec(database, "SELECT * FROM sqlite_master", nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  sqlite3_close(database);
+  EXPECT_EQ(readFile(file_ + "-wal"), "log");
+}
+
+TEST_F(ReadLogInPlaceTest, ALogThatIsRubbishCountsForNothing) {
+  { const TestDatabase writer(file_, kLogged); }
   for (const std::string& rubbish : {std::string(1, 'x'), std::string(100'000, 'x')}) {
     writeFile(file_ + "-wal", rubbish);
     EXPECT_EQ(lastValue(), "one");

@@ -34,6 +34,9 @@ class SourceFiles {
   [[nodiscard]] std::filesystem::path writeAheadLog() const;
   [[nodiscard]] std::filesystem::path rollbackJournal() const;
 
+  // Of the database file; null when it is no file.
+  [[nodiscard]] const std::optional<FileStamp>& stamp() const { return databaseStamp_; }
+
   // Bytes of the database file at the time of construction.
   [[nodiscard]] std::int64_t size() const { return databaseStamp_ ? databaseStamp_->size : 0; }
 
@@ -54,6 +57,9 @@ class SourceFiles {
 
   // Whether nothing about the three files has changed since construction.
   [[nodiscard]] bool unchanged() const;
+
+  // Whether both saw the same files in the same state.
+  bool operator==(const SourceFiles&) const = default;
 
  private:
   std::filesystem::path database_;
