@@ -85,6 +85,26 @@ TEST_P(FilesContract, AFailedWriteGivesFalseAndALine) {
   expectLogNames(path);
 }
 
+TEST_P(FilesContract, AnAtomicWriteLeavesTheNewContentAndNothingBesideIt) {
+  for (const char* contents : {"a long content", "short", ""}) {
+    EXPECT_TRUE(files().writeToFileAtomically("/new/folder/file", contents));
+    EXPECT_EQ(files().contentsAtPath("/new/folder/file"), contents);
+  }
+  EXPECT_THAT(files().contentsOfDirectoryAtPath("/new/folder"), ElementsAre("file"));
+  EXPECT_THAT(device().log(), IsEmpty());
+}
+
+TEST_P(FilesContract, AFailedAtomicWriteGivesFalseAndALine) {
+  EXPECT_TRUE(files().writeToFile("/folder/file", "text"));
+  for (const std::string& path :
+       {device().unwritableFile(), std::string("/folder"), std::string("/folder/file/below")}) {
+    EXPECT_FALSE(files().writeToFileAtomically(path, "new")) << path;
+    expectLogNames(path);
+  }
+  EXPECT_THAT(files().contentsOfDirectoryAtPath("/folder"), ElementsAre("file"));
+  EXPECT_EQ(files().contentsAtPath("/folder/file"), "text");
+}
+
 TEST_P(FilesContract, AFolderIsNeitherReadNorWritten) {
   EXPECT_TRUE(files().writeToFile("/folder/file", "text"));
   EXPECT_EQ(files().contentsAtPath("/folder"), std::nullopt);

@@ -41,6 +41,15 @@ const char* FakeFiles::whyNotWritable(const std::string& path) const {
 
 bool FakeFiles::writeToFile(const std::string& path, const std::string& contents) {
   const std::lock_guard lock(mutex_);
+  return write(path, contents, /*atomically=*/false);
+}
+
+bool FakeFiles::writeToFileAtomically(const std::string& path, const std::string& contents) {
+  const std::lock_guard lock(mutex_);
+  return write(path, contents, /*atomically=*/true);
+}
+
+bool FakeFiles::write(const std::string& path, const std::string& contents, bool atomically) {
   ++writes_[path];
   if (const char* reason = whyNotWritable(path)) {
     log_.log(path + ": not written: " + reason);
@@ -48,7 +57,9 @@ bool FakeFiles::writeToFile(const std::string& path, const std::string& contents
   }
   const auto room = roomFor_.find(path);
   if (room != roomFor_.end() && room->second < contents.size()) {
-    files_[path] = contents.substr(0, room->second);
+    if (!atomically) {
+      files_[path] = contents.substr(0, room->second);
+    }
     log_.log(path + ": not written: no space left");
     return false;
   }

@@ -24,6 +24,7 @@ class FakeFiles : public NSFileManager {
 
   std::optional<std::string> contentsAtPath(const std::string& path) override;
   bool writeToFile(const std::string& path, const std::string& contents) override;
+  bool writeToFileAtomically(const std::string& path, const std::string& contents) override;
   bool fileExistsAtPath(const std::string& path) override;
   std::vector<std::string> contentsOfDirectoryAtPath(const std::string& path) override;
 
@@ -33,7 +34,8 @@ class FakeFiles : public NSFileManager {
   void failReading(const std::string& path, bool fails = true);
   // The file then keeps what it had.
   void failWriting(const std::string& path, bool fails = true);
-  // A device that fills up: the next writes fail with only the first `bytes` in the file.
+  // A device that fills up: the next writes fail with only the first `bytes` in the file, or, when
+  // they go through a temporary file, with what was there.
   void failWritingAfter(const std::string& path, std::size_t bytes);
 
   // How often a write of that path was asked for, failed ones included.
@@ -46,6 +48,7 @@ class FakeFiles : public NSFileManager {
   [[nodiscard]] bool liesBelowFile(const std::string& path) const;
   // Why a write is refused before anything changes; null when it is not.
   [[nodiscard]] const char* whyNotWritable(const std::string& path) const;
+  bool write(const std::string& path, const std::string& contents, bool atomically);
 
   FakeSystemLog& log_;
   std::mutex mutex_;

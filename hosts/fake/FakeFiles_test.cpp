@@ -52,6 +52,14 @@ TEST_F(FakeFilesTest, ADeviceThatFillsUpLeavesAShortFile) {
   EXPECT_EQ(files_.contentsAtPath("/a"), "ok");
 }
 
+TEST_F(FakeFilesTest, ADeviceThatFillsUpKeepsAFileThatIsWrittenAtomically) {
+  files_.put("/a", "a long old content");
+  files_.failWritingAfter("/a", 2);
+  EXPECT_FALSE(files_.writeToFileAtomically("/a", "new"));
+  EXPECT_EQ(files_.contentsAtPath("/a"), "a long old content");
+  EXPECT_EQ(files_.writesOf("/a"), 1);
+}
+
 TEST_F(FakeFilesTest, PuttingAFileIsNoWrite) {
   files_.put("/a", "text");
   EXPECT_EQ(files_.writesOf("/a"), 0);

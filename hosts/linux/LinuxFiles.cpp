@@ -23,6 +23,10 @@ bool LinuxFiles::writeToFile(const std::string& path, const std::string& content
   return access_.write(path, contents, WriteMode::kInPlace);
 }
 
+bool LinuxFiles::writeToFileAtomically(const std::string& path, const std::string& contents) {
+  return access_.write(path, contents, WriteMode::kReplace);
+}
+
 bool LinuxFiles::fileExistsAtPath(const std::string& path) {
   const DeviceLocation location = root_.forReading(path);
   std::error_code error;

@@ -20,6 +20,7 @@ class LinuxFiles : public NSFileManager {
 
   std::optional<std::string> contentsAtPath(const std::string& path) override;
   bool writeToFile(const std::string& path, const std::string& contents) override;
+  bool writeToFileAtomically(const std::string& path, const std::string& contents) override;
   bool fileExistsAtPath(const std::string& path) override;
   std::vector<std::string> contentsOfDirectoryAtPath(const std::string& path) override;
 

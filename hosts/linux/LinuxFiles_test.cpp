@@ -153,6 +153,20 @@ TEST_F(LinuxFilesTest, OnAFullDiskTheOldContentStaysWhereTheDiskCanTell) {
   EXPECT_TRUE(files.writeToFile("/file", std::string(20'000, 'x')));
 }
 
+TEST_F(LinuxFilesTest, OnAFullDiskAnAtomicWriteLeavesTheOldContentAndNothingElse) {
+  const TinyDisk disk;
+  const DeviceRoot root(disk.folder().path(), "");
+  LinuxFiles files(root, log_, clock_, {});
+  ASSERT_TRUE(files.writeToFileAtomically("/file", "old content"));
+  for (const char* path : {"/file", "/new"}) {
+    EXPECT_FALSE(files.writeToFileAtomically(path, std::string(200'000, 'x'))) << path;
+  }
+  EXPECT_EQ(disk.folder().read("/file"), "old content");
+  EXPECT_THAT(disk.folder().namesIn(""), ElementsAre("file"));
+  EXPECT_EQ(permissions(disk.folder().path() + "/file"), 0600U);
+  EXPECT_THAT(log_.lines(), SizeIs(2));
+}
+
 TEST_F(LinuxFilesTest, WhatNobodyCouldReadIsKeptBeforeItIsOverwritten) {
   top_.put("/groups", "bad");
   ASSERT_TRUE(files_.writeToFile("/groups", "good"));

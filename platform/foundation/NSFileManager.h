@@ -20,6 +20,9 @@ class NSFileManager {
   // failed; the file may then be short. Any thread.
   virtual bool writeToFile(const std::string& path, const std::string& contents) = 0;
 
+  // The same through a temporary file: whatever fails, the old content stays as it was.
+  virtual bool writeToFileAtomically(const std::string& path, const std::string& contents) = 0;
+
   [[nodiscard]] virtual bool fileExistsAtPath(const std::string& path) = 0;
 
   // Names, not paths, sorted; empty when there is no such directory.
