@@ -17,6 +17,10 @@ inline constexpr char kGroupPicturesDirectory[] = "/var/mobile/Library/Preferenc
 inline constexpr char kZephylsMessageCenter[] = "com.vantor.zephyls";
 inline constexpr char kGetGroupsMessage[] = "com.vantor.zephyls.groups.get";
 inline constexpr char kSaveGroupsMessage[] = "com.vantor.zephyls.groups.save";
+// Carries the archive of a dictionary with an image and the path at which it becomes a file.
+inline constexpr char kSaveImageMessage[] = "com.vantor.zephyls.groups.save.image";
+inline constexpr char kSaveImageKey[] = "image";
+inline constexpr char kSaveImagePathKey[] = "path";
 // The key of what every message and reply carries. Kept: it is also the name of the message that
 // asks for a group's picture.
 inline constexpr char kServiceMessageData[] = "ZephylsServiceMessageData";

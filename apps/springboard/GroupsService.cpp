@@ -15,6 +15,7 @@
 #include "platform/foundation/SystemLog.h"
 #include "platform/uikit/UIImage.h"
 
+#include "apps/springboard/PictureFile.h"
 #include "hosts/linux/InProcessMessagingCenter.h"
 #include "model/GroupsFileCheck.h"
 #include "model/ZephylKeys.h"
@@ -83,21 +84,63 @@ Reply getPicture(const Dictionary* userInfo) {
       {kServiceMessageData, archivedImage(UIImage(Data(file->begin(), file->end())))}};
 }
 
+// Nothing when it is saved.
+std::optional<std::string> whyPictureNotSaved(const Value& archive) {
+  if (archive.ifData() == nullptr) {
+    return "there is no archive";
+  }
+  const PropertyListResult request = unarchivedValue(*archive.ifData());
+  if (!request.ok()) {
+    return request.error().message("the archive");
+  }
+  if (request.value().ifDictionary() == nullptr) {
+    return "the archive holds no dictionary";
+  }
+  const Dictionary& picture = *request.value().ifDictionary();
+  const UIImageRef image = imageOfValue(picture[kSaveImageKey]);
+  const Value path = picture[kSaveImagePathKey];
+  if (image == nullptr || path.ifString() == nullptr) {
+    return "the archive holds no image with a path";
+  }
+  if (!isPicturePath(*path.ifString())) {
+    return "no picture of a group: " + *path.ifString();
+  }
+  const StoredPicture stored = storedPicture(image->file());
+  if (!stored.refusal.empty()) {
+    return *path.ifString() + ": " + stored.refusal;
+  }
+  return host().files().writeToFileAtomically(*path.ifString(), stored.png)
+             ? std::nullopt
+             : std::optional(*path.ifString() + ": not written");
+}
+
+Reply savePicture(const Dictionary* userInfo) {
+  const auto reason = whyPictureNotSaved(dataOf(userInfo));
+  if (reason) {
+    refuse(kSaveImageMessage, *reason);
+  }
+  return Dictionary{{kServiceMessageData, !reason.has_value()}};
+}
+
 }  // namespace
 
-void serveGroups(linux_host::InProcessMessagingCenter& center) {
-  // A save that runs while another thread reads would show half a file.
-  const auto oneAtATime = std::make_shared<std::mutex>();
-  const auto serve = [&](const char* message, Reply (*answer)(const Dictionary*)) {
-    center.setHandler(kZephylsMessageCenter, message,
+void serveGroups(linux_host::InProcessMessagingCenter& server) {
+  using Turn = std::shared_ptr<std::mutex>;
+  const auto serve = [&](const char* message, const Turn& oneAtATime,
+                         Reply (*answer)(const Dictionary*)) {
+    server.setHandler(kZephylsMessageCenter, message,
                       [oneAtATime, answer](const Dictionary* userInfo) {
                         const std::lock_guard lock(*oneAtATime);
                         return answer(userInfo);
                       });
   };
-  serve(kGetGroupsMessage, [](const Dictionary* /*userInfo*/) { return getGroups(); });
-  serve(kSaveGroupsMessage, saveGroups);
-  serve(kServiceMessageData, getPicture);
+  // A save that runs while another thread reads would show half a file.
+  const auto groups = std::make_shared<std::mutex>();
+  serve(kGetGroupsMessage, groups, [](const Dictionary* /*userInfo*/) { return getGroups(); });
+  serve(kSaveGroupsMessage, groups, saveGroups);
+  serve(kServiceMessageData, groups, getPicture);
+  // Large pictures take time and memory: one by one, and nobody else waits.
+  serve(kSaveImageMessage, std::make_shared<std::mutex>(), savePicture);
 }
 
 std::optional<std::string> whyKeepGroupsFile(const std::string& path, const std::string& contents) {

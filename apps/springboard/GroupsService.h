@@ -1,5 +1,5 @@
 // The side of the message center that owns the groups file: answers what the store of another
-// process asks for, and hands out group pictures.
+// process asks for, and hands out and takes in group pictures.
 //
 // What it is given is checked; a request that fails is answered with NO, or with no value where a
 // value is asked for, and a line in the system log says why.
@@ -15,8 +15,9 @@ class InProcessMessagingCenter;
 
 namespace zephyl::app {
 
-// Answers on the sender's thread, by the installed host's files; one request at a time.
-void serveGroups(linux_host::InProcessMessagingCenter& center);
+// Answers on the server's thread, by the installed host's files; requests for groups one at a time,
+// and pictures to save one at a time beside them.
+void serveGroups(linux_host::InProcessMessagingCenter& server);
 
 // Why the old content of the file of that phone path must be put aside before it is overwritten:
 // nobody could have read the groups in it, from the file or from a message, so whoever writes knows
