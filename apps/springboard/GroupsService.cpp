@@ -16,7 +16,7 @@
 #include "platform/uikit/UIImage.h"
 
 #include "apps/springboard/PictureFile.h"
-#include "hosts/linux/InProcessMessagingCenter.h"
+#include "hosts/linux/MessageServer.h"
 #include "model/GroupsFileCheck.h"
 #include "model/ZephylKeys.h"
 
@@ -124,7 +124,7 @@ Reply savePicture(const Dictionary* userInfo) {
 
 }  // namespace
 
-void serveGroups(linux_host::InProcessMessagingCenter& server) {
+void serveGroups(linux_host::MessageServer& server) {
   using Turn = std::shared_ptr<std::mutex>;
   const auto serve = [&](const char* message, const Turn& oneAtATime,
                          Reply (*answer)(const Dictionary*)) {
@@ -155,7 +155,7 @@ std::optional<std::string> whyKeepGroupsFile(const std::string& path, const std:
     return "no message can carry the groups: " + *reason;
   }
   // A text file at most doubles, when its texts become UTF-16; in a binary one parts may be shared.
-  constexpr std::size_t kMost = linux_host::InProcessMessagingCenter::kMaximumBytes;
+  constexpr std::size_t kMost = linux_host::kMaximumMessageBytes;
   const bool mayBeTooLarge = contents.size() > kMost / 2 || contents.starts_with("bplist");
   if (mayBeTooLarge && writeBinaryPropertyList(reply).size() > kMost) {
     return std::string("no message can carry the groups: they are too large");

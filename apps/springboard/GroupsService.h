@@ -10,14 +10,14 @@
 #include <string>
 
 namespace zephyl::linux_host {
-class InProcessMessagingCenter;
+class MessageServer;
 }
 
 namespace zephyl::app {
 
 // Answers on the server's thread, by the installed host's files; requests for groups one at a time,
 // and pictures to save one at a time beside them.
-void serveGroups(linux_host::InProcessMessagingCenter& server);
+void serveGroups(linux_host::MessageServer& server);
 
 // Why the old content of the file of that phone path must be put aside before it is overwritten:
 // nobody could have read the groups in it, from the file or from a message, so whoever writes knows

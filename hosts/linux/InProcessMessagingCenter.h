@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -13,28 +12,25 @@
 
 #include "platform/appsupport/CPDistributedMessagingCenter.h"
 
+#include "hosts/linux/MessageServer.h"
+#include "hosts/linux/MessageWire.h"
+
 namespace zephyl {
 class SystemLog;
 }  // namespace zephyl
 
 namespace zephyl::linux_host {
 
-class InProcessMessagingCenter : public CPDistributedMessagingCenter {
+class InProcessMessagingCenter : public CPDistributedMessagingCenter, public MessageServer {
  public:
-  // Runs on the thread of the sender, without a lock; `userInfo` may be null and lives for the
-  // call.
-  using Handler = std::function<std::optional<Dictionary>(const Dictionary* userInfo)>;
-
-  // What a message bus takes at most, with a little to spare.
-  static constexpr std::size_t kMaximumBytes = 60'000'000;
-
   // A request or reply larger than `maximumBytes` is not passed on: there is no reply, and a line
   // in `log`, which must outlive this.
-  explicit InProcessMessagingCenter(SystemLog& log, std::size_t maximumBytes = kMaximumBytes)
-      : log_(log), maximumBytes_(maximumBytes) {}
+  explicit InProcessMessagingCenter(SystemLog& log, std::size_t maximumBytes = kMaximumMessageBytes)
+      : wire_(log, maximumBytes) {}
 
-  // An empty handler takes the message's away.
-  void setHandler(const std::string& center, const std::string& name, Handler handler);
+  // Handlers run on the thread of the sender, without a lock.
+  void setHandler(const std::string& center, const std::string& name,
+                  MessageHandler handler) override;
 
   std::optional<Dictionary> sendMessageAndReceiveReplyName(const std::string& center,
                                                            const std::string& name,
@@ -43,15 +39,14 @@ class InProcessMessagingCenter : public CPDistributedMessagingCenter {
  private:
   using Key = std::pair<std::string, std::string>;  // center and name
 
-  [[nodiscard]] Handler handlerFor(const Key& key);
+  [[nodiscard]] MessageHandler handlerFor(const Key& key);
   // As it arrives; nothing when it cannot be sent.
   [[nodiscard]] std::optional<Dictionary> overTheWire(const Dictionary& dictionary,
                                                       const std::string& what);
 
-  SystemLog& log_;
-  const std::size_t maximumBytes_;
+  const MessageWire wire_;
   std::mutex mutex_;
-  std::map<Key, Handler> handlers_;
+  std::map<Key, MessageHandler> handlers_;
 };
 
 }  // namespace zephyl::linux_host

@@ -2,12 +2,13 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QFileInfo>
 #include <QString>
 #include <QVariantMap>
 #include <utility>
 
 #include "platform/foundation/Dispatch.h"
+
+#include "hosts/linux/SessionBusAddress.h"
 
 namespace zephyl::linux_host {
 
@@ -30,23 +31,18 @@ bool asksForVibration(const Dictionary& vibration) {
          pattern->ifArray() != nullptr && isAnywhereOn(*pattern->ifArray());
 }
 
-// Without one, the library for the bus would try to start one.
-bool hasSessionBus() {
-  return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-         QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus");
-}
-
+// The same one each time.
 QDBusConnection busAt(const std::string& address) {
   const QString name = QString::fromStdString(address);
-  return address.empty() ? QDBusConnection::sessionBus()
-                         : QDBusConnection::connectToBus(name, "vibration " + name);
+  return QDBusConnection::connectToBus(name, "vibration " + name);
 }
 
 void triggerFeedback(const std::string& applicationIdentifier, const std::string& busAddress) {
-  if (busAddress.empty() && !hasSessionBus()) {
+  const auto address = busAddress.empty() ? sessionBusAddress() : busAddress;
+  if (!address) {
     return;
   }
-  const QDBusConnection bus = busAt(busAddress);
+  const QDBusConnection bus = busAt(*address);
   if (!bus.isConnected()) {
     return;
   }
