@@ -13,6 +13,7 @@ namespace {
 
 using test::fileOf;
 using test::noise;
+using test::sideways;
 using test::textOf;
 using ::testing::HasSubstr;
 
@@ -53,7 +54,7 @@ TEST(PictureFile, AnotherKindIsWrittenAnewAtItsSize) {
 }
 
 TEST(PictureFile, APictureTakenSidewaysStandsUpright) {
-  const Data file = fileOf(noise(70, 50), "JPEG", QImageIOHandler::TransformationRotate90);
+  const Data file = sideways(fileOf(noise(70, 50), "JPEG"));
   EXPECT_EQ(decoded(storedPicture(file)).size(), QSize(50, 70));
 }
 
@@ -81,7 +82,7 @@ TEST(PictureFile, APngThatOnlyLacksItsLastBytesIsWrittenAnew) {
   for (const std::size_t missing : {1U, 4U}) {
     const StoredPicture picture = storedPicture(cut(file, file.size() - missing));
     EXPECT_EQ(decoded(picture).convertToFormat(QImage::Format_RGB32), noise(9, 9));
-    EXPECT_EQ(storedPicture(Data(picture.png.begin(), picture.png.end())).png, picture.png);
+    EXPECT_TRUE(picture.png.ends_with("IEND\xae\x42\x60\x82")) << missing;
   }
 }
 

@@ -28,14 +28,20 @@ namespace zephyl::test {
   return image;
 }
 
-[[nodiscard]] inline Data fileOf(
-    const QImage& image, const char* format,
-    QImageIOHandler::Transformations turned = QImageIOHandler::TransformationNone) {
+[[nodiscard]] inline Data fileOf(const QImage& image, const char* format) {
   QBuffer file;
-  QImageWriter writer(&file, format);
-  writer.setTransformation(turned);
-  EXPECT_TRUE(writer.write(image)) << format;
+  EXPECT_TRUE(QImageWriter(&file, format).write(image)) << format;
   return {file.data().begin(), file.data().end()};
+}
+
+// A JPEG whose file says that the camera was held sideways: a note is put in right at its start.
+[[nodiscard]] inline Data sideways(Data jpeg) {
+  const Data note = {
+      0xFF, 0xE1, 0, 34, 'E', 'x', 'i', 'f', 0, 0, 'I', 'I', '*', 0, 8, 0, 0, 0, 1, 0,  // one entry
+      0x12, 0x01, 3, 0,  1,   0,   0,   0,   6, 0, 0,   0,  // orientation: a quarter turn
+      0,    0,    0, 0};
+  jpeg.insert(jpeg.begin() + 2, note.begin(), note.end());
+  return jpeg;
 }
 
 [[nodiscard]] inline std::string textOf(const Data& file) {
