@@ -67,6 +67,20 @@ TEST_F(ConversationFactsTest, AKnownHandleAnswersWithThePersonAndAnUnknownOneWit
   EXPECT_FALSE(made->handles()[1].respondsToIsContact());
 }
 
+TEST_F(ConversationFactsTest, ParticipantsBearTheNameOfTheirPersonElseTheirAddress) {
+  const auto recipients =
+      conversation({"x@example.com", "+15555550101", "+15555550102", "22000"})->recipients();
+  ASSERT_EQ(recipients.size(), 4U);
+  EXPECT_EQ(recipients[0].fullName(), "x@example.com");
+  EXPECT_EQ(recipients[0].handle().displayID(), "x@example.com");
+  EXPECT_EQ(recipients[1].fullName(), "Ann Larkspur");
+  EXPECT_EQ(recipients[1].handle().personRecordID(), 12);
+  EXPECT_EQ(recipients[2].fullName(), "+1 (555) 555-0102");
+  EXPECT_EQ(recipients[2].handle().personRecordID(), 13);
+  EXPECT_EQ(recipients[3].fullName(), "22000");
+  EXPECT_FALSE(recipients[3].handle().respondsToPerson());
+}
+
 struct Named {
   std::vector<std::string> handles;
   const char* name;
