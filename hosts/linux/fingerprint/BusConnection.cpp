@@ -18,11 +18,6 @@ namespace zephyl::linux_host {
 
 namespace {
 
-std::string environmentVariable(const char* name) {
-  const char* value = std::getenv(name);
-  return value == nullptr ? std::string() : std::string(value);
-}
-
 // The name of the socket as the kernel wants it; nothing when the address is of another kind.
 std::optional<std::string> socketNameIn(const std::string& address) {
   for (const auto& [prefix, first] :
@@ -105,17 +100,8 @@ QDBusConnection connectionTo(const std::string& address, const QString& name,
 }  // namespace
 
 std::string systemBusAddress() {
-  const std::string address = environmentVariable("DBUS_SYSTEM_BUS_ADDRESS");
-  return address.empty() ? "unix:path=/run/dbus/system_bus_socket" : address;
-}
-
-std::string sessionBusAddress() {
-  std::string address = environmentVariable("DBUS_SESSION_BUS_ADDRESS");
-  if (!address.empty()) {
-    return address;
-  }
-  const std::string runtime = environmentVariable("XDG_RUNTIME_DIR");
-  return runtime.empty() ? std::string() : std::string("unix:path=").append(runtime) + "/bus";
+  const char* named = std::getenv("DBUS_SYSTEM_BUS_ADDRESS");
+  return named == nullptr || *named == '\0' ? "unix:path=/run/dbus/system_bus_socket" : named;
 }
 
 bool busAnswers(const std::string& address, std::chrono::milliseconds limit) {

@@ -10,10 +10,8 @@
 
 namespace zephyl::linux_host {
 
-// Where the environment, or else the custom of the system, says that the bus is; empty when neither
-// says.
+// Where the environment, or else the custom of the system, says that the system bus is.
 [[nodiscard]] std::string systemBusAddress();
-[[nodiscard]] std::string sessionBusAddress();
 
 // Whether a bus says anything at the address within the limit. The library for the bus waits half a
 // minute for one that hangs, and stops all others of the process meanwhile. An address of a kind

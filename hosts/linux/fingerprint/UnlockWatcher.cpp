@@ -10,6 +10,7 @@
 #include <QVariantMap>
 #include <utility>
 
+#include "hosts/linux/SessionBusAddress.h"
 #include "hosts/linux/fingerprint/BusConnection.h"
 
 namespace zephyl::linux_host {
@@ -28,7 +29,7 @@ class UnlockWatcher::Signals : public QObject {
   Signals(Ended ended, const std::string& systemBus, const std::string& sessionBus)
       : ended_(std::move(ended)),
         system_(systemBus.empty() ? systemBusAddress() : systemBus, kBusLimit),
-        session_(sessionBus.empty() ? sessionBusAddress() : sessionBus, kBusLimit) {
+        session_(sessionBus.empty() ? sessionBusAddress().value_or("") : sessionBus, kBusLimit) {
     if (system_.isConnected()) {
       hearLogin(system_.bus());
       hearLoss(system_.bus());
