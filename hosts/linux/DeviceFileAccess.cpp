@@ -10,16 +10,20 @@
 namespace zephyl::linux_host {
 
 DeviceFileAccess::DeviceFileAccess(const DeviceRoot& root, SystemLog& log, Clock& clock,
-                                   OverwriteGuard::NeedsCopy needsCopy)
-    : root_(root), log_(log), guard_(std::move(needsCopy), log, clock) {}
+                                   OverwriteGuard::NeedsCopy needsCopy, SafetyOptions safety)
+    : root_(root),
+      log_(log),
+      guard_(std::move(needsCopy), log, clock),
+      safety_(std::move(safety), log, clock) {}
 
-std::optional<std::string> DeviceFileAccess::read(const std::string& path) const {
+std::optional<std::string> DeviceFileAccess::read(const std::string& path) {
   const DeviceLocation location = root_.forReading(path);
   if (!location.refusal.empty()) {
     log_.log(path + ": not read: " + location.refusal);
     return std::nullopt;
   }
-  FileReading reading = readWholeFile(location.path);
+  FileReading reading =
+      safety_.keeps(path) ? safety_.read(location.path) : readWholeFile(location.path);
   if (!reading.contents && !reading.isMissing()) {
     log_.log(path + ": not read: " + location.path + ": " + reading.reason);
   }
@@ -35,16 +39,25 @@ bool DeviceFileAccess::write(const std::string& path, const std::string& content
   const std::lock_guard lock(writing_);
   FileFailure failed = makeFolders(std::filesystem::path(location.path).parent_path().string());
   if (!failed) {
-    if (!guard_.permits(path, location.path)) {
-      return false;
-    }
-    failed = mode == WriteMode::kInPlace ? writeInPlace(location.path, contents)
-                                         : replaceFile(location.path, contents);
+    failed = overwrite(path, location.path, contents, mode);
   }
   if (failed) {
     log_.log(path + ": not written: " + location.path + ": " + *failed);
   }
   return !failed;
+}
+
+FileFailure DeviceFileAccess::overwrite(const std::string& path, const std::string& realPath,
+                                        const std::string& contents, WriteMode mode) {
+  const auto whyNot = [&](const FileReading& old) { return guard_.whyNot(path, realPath, old); };
+  if (safety_.keeps(path)) {
+    return safety_.write(realPath, contents, whyNot);
+  }
+  if (FileFailure refused = whyNot(readWholeFile(realPath))) {
+    return refused;
+  }
+  return mode == WriteMode::kInPlace ? writeInPlace(realPath, contents)
+                                     : replaceFile(realPath, contents);
 }
 
 }  // namespace zephyl::linux_host

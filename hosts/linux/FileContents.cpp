@@ -231,14 +231,28 @@ FileFailure replaceFile(const std::string& path, const std::string& contents) {
     return failure("cannot make " + temporary);
   }
   FileFailure failed = fill(file, contents);
-  if (!failed && ::rename(temporary.c_str(), path.c_str()) != 0) {
-    failed = failure("cannot rename " + temporary);
+  if (!failed) {
+    failed = renameFile(temporary, path);
   }
   if (failed) {
     ::unlink(temporary.c_str());
-    return failed;
+  }
+  return failed;
+}
+
+FileFailure removeFile(const std::string& path) {
+  if (::unlink(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) {
+    return failure("cannot remove " + path);
   }
   syncFolder(folderOf(path));
+  return std::nullopt;
+}
+
+FileFailure renameFile(const std::string& from, const std::string& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) {
+    return failure("cannot rename " + from);
+  }
+  syncFolder(folderOf(to));
   return std::nullopt;
 }
 

@@ -43,4 +43,9 @@ struct NewFileOutcome {
 // Through a new file beside it and a rename: the old content or the new, never anything between.
 [[nodiscard]] FileFailure replaceFile(const std::string& path, const std::string& contents);
 
+// Both on the disk when they return. A file that is missing is removed already; one that has the
+// new name is replaced.
+[[nodiscard]] FileFailure removeFile(const std::string& path);
+[[nodiscard]] FileFailure renameFile(const std::string& from, const std::string& to);
+
 }  // namespace zephyl::linux_host

@@ -20,6 +20,7 @@
 
 #include "hosts/linux/OverwriteGuard.h"
 #include "hosts/linux/ScriptedAuthentication.h"
+#include "hosts/linux/safety/SafetyCopies.h"
 
 namespace zephyl::linux_host {
 
@@ -44,6 +45,9 @@ struct DeviceOptions {
   ScriptedAuthentication::Answer authenticate;
 
   OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite;
+
+  // The one file of which safety copies are kept; not given: none.
+  SafetyOptions safety;
 
   // Those not given are empty: no conversations, nobody in the address book, no favourites, no
   // phone number formatted.

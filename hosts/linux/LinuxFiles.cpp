@@ -12,8 +12,10 @@ namespace zephyl::linux_host {
 namespace fs = std::filesystem;
 
 LinuxFiles::LinuxFiles(const DeviceRoot& root, SystemLog& log, Clock& clock,
-                       OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite)
-    : root_(root), log_(log), access_(root, log, clock, std::move(needsCopyBeforeOverwrite)) {}
+                       OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite, SafetyOptions safety)
+    : root_(root),
+      log_(log),
+      access_(root, log, clock, std::move(needsCopyBeforeOverwrite), std::move(safety)) {}
 
 std::optional<std::string> LinuxFiles::contentsAtPath(const std::string& path) {
   return access_.read(path);

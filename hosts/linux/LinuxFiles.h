@@ -16,7 +16,7 @@ class LinuxFiles : public NSFileManager {
  public:
   // `root`, `log` and `clock` must outlive this. `needsCopyBeforeOverwrite` may be empty.
   LinuxFiles(const DeviceRoot& root, SystemLog& log, Clock& clock,
-             OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite);
+             OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite, SafetyOptions safety = {});
 
   std::optional<std::string> contentsAtPath(const std::string& path) override;
   bool writeToFile(const std::string& path, const std::string& contents) override;

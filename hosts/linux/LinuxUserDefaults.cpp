@@ -40,7 +40,7 @@ LinuxUserDefaults::LinuxUserDefaults(const DeviceRoot& root, SystemLog& log, Clo
       bundleIdentifier_(std::move(bundleIdentifier)),
       ownPath_(pathOfDomain(bundleIdentifier_)) {}
 
-std::optional<Dictionary> LinuxUserDefaults::read(const std::string& path) const {
+std::optional<Dictionary> LinuxUserDefaults::read(const std::string& path) {
   const std::optional<std::string> contents = access_.read(path);
   if (!contents) {
     return std::nullopt;

@@ -45,7 +45,7 @@ class LinuxUserDefaults : public NSUserDefaults {
   };
 
   // For holders of the lock.
-  [[nodiscard]] std::optional<Dictionary> read(const std::string& path) const;
+  [[nodiscard]] std::optional<Dictionary> read(const std::string& path);
   [[nodiscard]] bool write(const Dictionary& domain, const std::string& path);
   void refresh();
   [[nodiscard]] Stamp stampOfOwnFile() const;

@@ -1,12 +1,13 @@
-// Keeps what a write would destroy: a file whose content nobody could read is first copied beside
-// itself, as NAME.unreadable-YYYYMMDD-HHMMSS (with -2, -3, ... when that is taken), for the user
-// alone. Which files these are is decided by the function given, not here. Any thread.
+// Keeps what a write would destroy: a file whose content nobody could read is first put aside.
+// Which files these are is decided by the function given, not here. Any thread.
 
 #pragma once
 
 #include <functional>
 #include <optional>
 #include <string>
+
+#include "hosts/linux/FileContents.h"
 
 namespace zephyl {
 class Clock;
@@ -25,9 +26,10 @@ class OverwriteGuard {
   // Without a function nothing is kept. `log` and `clock` must outlive this.
   OverwriteGuard(NeedsCopy needsCopy, SystemLog& log, Clock& clock);
 
-  // Called before the file is overwritten; logs what it did. False when a copy is needed and could
-  // not be made: then the file must stay as it is.
-  [[nodiscard]] bool permits(const std::string& path, const std::string& realPath) const;
+  // Called before the file, with what it holds now, is overwritten; logs what was put aside. The
+  // reason when that was needed and could not be done: then the file must stay as it is.
+  [[nodiscard]] FileFailure whyNot(const std::string& path, const std::string& realPath,
+                                   const FileReading& old) const;
 
  private:
   NeedsCopy needsCopy_;
