@@ -52,6 +52,8 @@ class UserData {
   [[nodiscard]] const std::vector<ABPersonRef>& people() const { return people_; }
   // After `readPeople`.
   [[nodiscard]] const linux_host::HandleMatcher& matcher() const { return *matcher_; }
+  // As homeRegionFor() gives it.
+  [[nodiscard]] const std::string& homeRegion() const { return homeRegion_; }
 
  private:
   [[nodiscard]] linux_host::LinuxFavorites::Read favoritesReader(

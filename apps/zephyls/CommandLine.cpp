@@ -7,7 +7,9 @@
 #include <CLI/CLI.hpp>
 
 #include "apps/common/CommandError.h"
+#include "apps/zephyls/CommandTable.h"
 #include "apps/zephyls/Commands.h"
+#include "apps/zephyls/GroupCommandLine.h"
 #include "apps/zephyls/Version.h"
 
 namespace zephyl::app {
@@ -27,11 +29,6 @@ std::string whyNoRelease(const std::string& text) {
     }
   }
   return digit ? std::string() : "not a release number such as 12.4.1: " + text;
-}
-
-// An empty name is a variable that was not set in the user's script.
-std::string whyEmpty(const std::string& text) {
-  return text.empty() ? "must not be empty" : std::string();
 }
 
 void addSourceOptions(CLI::App& app, Options& options) {
@@ -70,42 +67,6 @@ void addDeviceOptions(CLI::App& app, Options& options) {
   app.add_option("--language", options.language, "language of the texts, such as de or zh-Hans")
       ->type_name("LANG");
   app.add_flag("--json", options.json, "one JSON object a line, for programs");
-}
-
-// Adds commands to the program, one call a command.
-class CommandTable {
- public:
-  CommandTable(CLI::App& program, Command& chosen) : program_(program), chosen_(chosen) {}
-
-  // The words are those after the ones of `parent`.
-  CLI::App& add(CLI::App& parent, const char* word, const char* help, Command command) {
-    CLI::App& added = *parent.add_subcommand(word, help);
-    added.fallthrough();
-    // A command that was followed by one of its own has nothing to say.
-    added.parse_complete_callback([this, &added, command = std::move(command)] {
-      if (added.get_subcommands().empty()) {
-        chosen_ = command;
-      }
-    });
-    return added;
-  }
-  CLI::App& add(const char* word, const char* help, Command command) {
-    return add(program_, word, help, std::move(command));
-  }
-
- private:
-  CLI::App& program_;
-  Command& chosen_;
-};
-
-void addGroupCommands(CLI::App& program, CommandTable& table, Options& options) {
-  CLI::App& groups = *program.add_subcommand("groups", "the groups");
-  groups.fallthrough();
-  groups.require_subcommand(1);
-  table.add(groups, "list", "every group, with its settings and counts", listGroups);
-  table.add(groups, "show", "one group with its members and conversations", showGroup)
-      .add_option("GROUP", options.group, "title, exactly, or identifier")
-      ->required();
 }
 
 void addSettingCommands(CommandTable& table, Options& options) {

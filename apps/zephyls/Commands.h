@@ -14,6 +14,20 @@ int showOverview(Session& session, Output& output);
 int listConversations(Session& session, Output& output);
 int listGroups(Session& session, Output& output);
 int showGroup(Session& session, Output& output);
+// Changes of groups: each tells what is different now.
+int createGroup(Session& session, Output& output);
+int editGroup(Session& session, Output& output);
+int deleteGroups(Session& session, Output& output);
+int enableGroups(Session& session, Output& output);
+int disableGroups(Session& session, Output& output);
+int activateGroup(Session& session, Output& output);
+int addMembers(Session& session, Output& output);
+int removeMembers(Session& session, Output& output);
+
+// Groups as a file for another device.
+int exportGroups(Session& session, Output& output);
+int importGroups(Session& session, Output& output);
+
 int showUnread(Session& session, Output& output);
 int listContacts(Session& session, Output& output);
 

@@ -108,6 +108,23 @@ MemberDescription describe(const Member& member) {
              : MemberDescription{MemberKind::kAddress, text, shownAddress(text)};
 }
 
+const char* nameOf(MemberKind kind) {
+  switch (kind) {
+    case MemberKind::kPerson:
+      return "person";
+    case MemberKind::kConversation:
+      return "conversation";
+    case MemberKind::kAddress:
+      return "address";
+  }
+  return "";
+}
+
+std::string textOf(const MemberDescription& member) {
+  return std::string(nameOf(member.kind)) + " " + member.text +
+         (member.name.empty() ? " (not found)" : "  " + member.name);
+}
+
 std::string nameOf(const ABPerson& person) {
   if (person.compositeName) {
     return *person.compositeName;

@@ -36,6 +36,12 @@ struct MemberDescription {
 
 [[nodiscard]] MemberDescription describe(const Member& member);
 
+// "person", "conversation" or "address".
+[[nodiscard]] const char* nameOf(MemberKind kind);
+
+// "person 12  Ann Larkspur": kind, member and name, or that nobody was found.
+[[nodiscard]] std::string textOf(const MemberDescription& member);
+
 [[nodiscard]] std::string nameOf(const ABPerson& person);
 
 // "1 conversation", "2 conversations".

@@ -10,23 +10,12 @@
 #include "apps/zephyls/Describe.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
+#include "apps/zephyls/UnresolvedMembers.h"
 #include "store/ZephylsDataController.h"
 
 namespace zephyl::app {
 
 namespace {
-
-const char* nameOf(MemberKind kind) {
-  switch (kind) {
-    case MemberKind::kPerson:
-      return "person";
-    case MemberKind::kConversation:
-      return "conversation";
-    case MemberKind::kAddress:
-      return "address";
-  }
-  return "";
-}
 
 Json memberObjects(const ZephylRef& group) {
   Json members = Json::array();
@@ -59,10 +48,11 @@ void printGroup(Output& output, const ZephylRef& group, const CKConversationArra
   row("unread", std::to_string(group->unreadCount()));
   if (const auto contacts = group->contacts()) {
     for (const Member& member : *contacts) {
-      const MemberDescription described = describe(member);
-      row("member", std::string(nameOf(described.kind)) + " " + described.text +
-                        (described.name.empty() ? " (not found)" : "  " + described.name));
+      row("member", textOf(describe(member)));
     }
+  }
+  for (const TransferredMember& person : unresolvedMembers(group->dictionaryRepresentation())) {
+    row("not found", textOf(person));
   }
   output.table(rows);
   output.line("");

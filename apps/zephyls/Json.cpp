@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
@@ -9,6 +10,8 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/foundation/Dictionary.h"
+
+#include "apps/zephyls/Base64.h"
 
 namespace zephyl::app {
 
@@ -18,24 +21,6 @@ using Json = nlohmann::ordered_json;
 
 // Property-list readers allow no deeper nesting, so this bounds the recursion below.
 constexpr int kDeepest = 512;
-
-std::string base64(const Data& bytes) {
-  static constexpr char kDigits[] =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string text;
-  text.reserve((bytes.size() + 2) / 3 * 4);
-  for (std::size_t at = 0; at < bytes.size(); at += 3) {
-    const std::size_t present = std::min<std::size_t>(3, bytes.size() - at);
-    unsigned triple = 0;
-    for (std::size_t index = 0; index < 3; ++index) {
-      triple = (triple << 8U) | (index < present ? bytes[at + index] : 0U);
-    }
-    for (std::size_t digit = 0; digit < 4; ++digit) {
-      text += digit <= present ? kDigits[(triple >> (18U - 6U * digit)) & 63U] : '=';
-    }
-  }
-  return text;
-}
 
 Json jsonOf(const Value& value, int depth) {
   if (depth > kDeepest) {
@@ -103,6 +88,22 @@ std::string isoTime(double seconds) {
     result.erase(result.find_last_not_of('0') + 1);
   }
   return result + "Z";
+}
+
+std::optional<double> secondsOfIsoTime(const std::string& text) {
+  std::tm parts{};
+  const char* end = strptime(text.c_str(), "%Y-%m-%dT%H:%M:%S", &parts);
+  if (end == nullptr || text.size() > 40) {
+    return std::nullopt;
+  }
+  const std::string rest = end;
+  const std::size_t digits = rest.starts_with('.') ? rest.find_first_not_of("0123456789", 1) : 0;
+  if (digits == std::string::npos || digits == 1 || rest.substr(digits) != "Z") {
+    return std::nullopt;
+  }
+  double fraction = 0;
+  std::from_chars(rest.data(), rest.data() + digits, fraction);
+  return static_cast<double>(timegm(&parts)) + fraction;
 }
 
 std::string localTime(double seconds) {

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include <nlohmann/json_fwd.hpp>
@@ -16,6 +17,9 @@ namespace zephyl::app {
 
 // "2026-11-21T09:30:00Z", with a fraction where there is one. Seconds since 1970.
 [[nodiscard]] std::string isoTime(double seconds);
+
+// The time that `isoTime` wrote so; nothing for other texts.
+[[nodiscard]] std::optional<double> secondsOfIsoTime(const std::string& text);
 
 // "2026-11-21 09:30" in the user's time zone.
 [[nodiscard]] std::string localTime(double seconds);

@@ -10,6 +10,22 @@
 
 namespace zephyl::app {
 
+// What `groups create` and `groups edit` are to make of a group; nothing: as it is.
+struct GroupWishes {
+  std::optional<std::string> title;
+  std::optional<std::string> subTitle;
+  std::optional<std::string> colour;   // as typed; "none" for no colour
+  std::optional<std::string> picture;  // a file; "none" for no picture
+  std::optional<std::string> maskedText;
+  std::optional<bool> isProtected;
+  std::optional<bool> hides;
+  std::optional<bool> masks;
+  std::optional<bool> enabled;
+};
+
+// How `groups import` treats the groups that are there.
+enum class ImportMode { kMerge, kReplace };
+
 struct Options {
   SourceOptions sources;
   std::string iosVersion = "14.0";
@@ -23,6 +39,14 @@ struct Options {
   std::vector<std::string> words;    // to search for
   std::string key;                   // of a setting
   std::string value;
+  std::vector<std::string> groups;  // titles or identifiers, to be changed or exported
+  GroupWishes wishes;
+  std::vector<std::string> people;  // who becomes a member, or is one no longer
+  std::string file;                 // to export to or import from; "-" for the standard streams
+  ImportMode importMode = ImportMode::kMerge;
+  bool dryRun = false;
+  bool force = false;
+  bool yes = false;
 };
 
 }  // namespace zephyl::app

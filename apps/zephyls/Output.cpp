@@ -63,6 +63,10 @@ void Output::object(const Json& object) {
   out_ << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
+void Output::document(const Json& document) {
+  out_ << document.dump(1, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
 std::string Output::styled(const std::string& text, Style style) const {
   return !colours_ || style == Style::kPlain || text.empty() ? text
                                                              : code(style) + text + "\033[0m";
@@ -114,6 +118,11 @@ void Output::printRow(const Row& row, const std::vector<std::size_t>& widths,
 void Output::complain(const std::string& message) {
   // In one piece, since background work complains too.
   errors_ << "zephyls: " + safeForTerminal(message) + "\n";
+}
+
+void Output::prompt(const std::string& question) {
+  out_.flush();
+  errors_ << safeForTerminal(question) << std::flush;
 }
 
 bool Output::finish() {

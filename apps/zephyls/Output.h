@@ -35,6 +35,9 @@ class Output {
   // One object on a line of its own.
   void object(const Json& object);
 
+  // Over several lines, for a file.
+  void document(const Json& document);
+
   void line(const Row& cells);
   void line(const std::string& text) { line(Row{{text}}); }
 
@@ -46,6 +49,9 @@ class Output {
 
   // On standard error, after the program's name.
   void complain(const std::string& message);
+
+  // On standard error, without a line's end: what the user is to answer on the same line.
+  void prompt(const std::string& question);
 
   // False when something could not be written.
   [[nodiscard]] bool finish();

@@ -149,6 +149,10 @@ void Session::settle() {
   device_->queues().runMainUntilIdle();
 }
 
+bool Session::waitUntil(const std::function<bool()>& done, std::chrono::milliseconds limit) {
+  return device_->queues().runMainUntil(done, limit);
+}
+
 ZephylRef Session::groupNamed(const std::string& titleOrIdentifier) {
   const auto groups = ZephylsDataController::sharedInstance()->allZephyls()->snapshot();
   ZephylVector titled;

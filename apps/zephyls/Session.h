@@ -6,6 +6,8 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,6 +37,7 @@ class Session {
 
   [[nodiscard]] const Options& options() const { return options_; }
   [[nodiscard]] const Places& places() const { return places_; }
+  [[nodiscard]] const UserData& userData() const { return userData_; }
 
   // The device with its settings and the address book. The first start of all writes settings in
   // which the extension is enabled.
@@ -45,6 +48,9 @@ class Session {
 
   // Returns when no background work waits or runs.
   void settle();
+
+  // Processes events until one of them has brought `done` about; whether it did within `limit`.
+  bool waitUntil(const std::function<bool()>& done, std::chrono::milliseconds limit);
 
   // The group of exactly that title, else the one with that identifier. Titles that fit several
   // groups, and texts that fit none, are errors.

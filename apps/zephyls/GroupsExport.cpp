@@ -1,0 +1,117 @@
+#include "apps/zephyls/GroupsExport.h"
+
+#include <limits>
+#include <utility>
+
+#include "platform/Host.h"
+#include "platform/addressbook/ABAddressBook.h"
+
+#include "apps/common/CommandError.h"
+#include "apps/zephyls/GroupPicture.h"
+#include "apps/zephyls/UnresolvedMembers.h"
+#include "model/ZephylKeys.h"
+
+namespace zephyl::app {
+
+namespace {
+
+std::vector<std::string> valuesOf(const std::vector<ABLabeledText>& labelled) {
+  std::vector<std::string> values;
+  values.reserve(labelled.size());
+  for (const ABLabeledText& one : labelled) {
+    values.push_back(one.value);
+  }
+  return values;
+}
+
+TransferredMember personMember(std::int64_t recordID) {
+  TransferredMember member;
+  member.recordID = recordID;
+  const ABPersonRef person =
+      std::in_range<std::int32_t>(recordID)
+          ? host().addressBook()->personWithRecordID(static_cast<std::int32_t>(recordID))
+          : nullptr;
+  if (person != nullptr) {
+    member.name = person->compositeName.value_or("");
+    member.phones = valuesOf(person->phones);
+    member.emails = valuesOf(person->emails);
+  }
+  return member;
+}
+
+void addMember(TransferredGroup& group, const Member& member, const Value& element) {
+  if (const auto* number = std::get_if<std::int64_t>(&member)) {
+    if (*number >= 1) {
+      group.members.push_back(personMember(*number));
+    } else {
+      group.otherElements.push_back(element);
+    }
+    return;
+  }
+  const std::string& text = std::get<std::string>(member);
+  const bool isConversation = isChatGuid(text);
+  group.members.push_back({isConversation ? MemberKind::kConversation : MemberKind::kAddress, text,
+                           isConversation ? describe(member).name : std::string()});
+}
+
+void addMembers(TransferredGroup& group, const Dictionary& dictionary) {
+  const Value contacts = dictionary[keys::kContacts];
+  if (contacts.ifArray() != nullptr) {
+    for (const Value& element : *contacts.ifArray()) {
+      const MemberSet one(Array{element});
+      if (one.empty()) {
+        group.otherElements.push_back(element);
+      } else {
+        addMember(group, *one.begin(), element);
+      }
+    }
+  }
+  for (TransferredMember& person : unresolvedMembers(dictionary)) {
+    group.members.push_back(std::move(person));
+  }
+}
+
+std::optional<Data> pictureOf(const ZephylRef& group,
+                              const std::function<void(const std::string&)>& complain) {
+  if (group->headerImagePath().empty()) {
+    return std::nullopt;
+  }
+  const std::string name = "the picture of the group \"" + group->title() + "\"";
+  const UIImageRef image = group->headerImage();
+  if (image == nullptr) {
+    complain(name + " cannot be read and is left out: " + group->headerImagePath());
+    return std::nullopt;
+  }
+  try {
+    const std::string png = checkedPicture(image->file(), name);
+    return Data(png.begin(), png.end());
+  } catch (const CommandError& error) {
+    complain(std::string(error.what()) + "; it is left out");
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+TransferredGroup transferredGroup(const ZephylRef& group,
+                                  const std::function<void(const std::string&)>& complain) {
+  const Dictionary dictionary = group->dictionaryRepresentation();
+  TransferredGroup transferred;
+  transferred.identifier = group->identifier();
+  for (const auto& [key, value] : dictionary) {
+    const GroupKey* known = groupKeyNamed(key);
+    const bool isOwnKey = known == nullptr && key != kUnresolvedMembersKey;
+    // A known key with a value of another type has no meaning elsewhere.
+    if (isOwnKey || (isTransferred(key) && value.type() == known->type)) {
+      transferred.properties.set(key, value);
+    }
+  }
+  if (dictionary[keys::kTitle].ifString() == nullptr) {
+    transferred.properties.set(keys::kTitle, group->title());
+  }
+  addMembers(transferred, dictionary);
+  transferred.picture = pictureOf(group, complain);
+  return transferred;
+}
+
+}  // namespace zephyl::app

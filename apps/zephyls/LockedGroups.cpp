@@ -1,0 +1,114 @@
+#include "apps/zephyls/LockedGroups.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "platform/foundation/NSError.h"
+
+#include "apps/common/CommandError.h"
+#include "apps/zephyls/Consent.h"
+#include "apps/zephyls/Session.h"
+#include "model/ZephylKeys.h"
+#include "store/ZephylsDataController.h"
+
+namespace zephyl::app {
+
+namespace {
+
+std::string textOf(const NSError& error) {
+  std::string text = error.localizedDescription();
+  for (const std::string& more :
+       {error.localizedFailureReason(), error.localizedRecoverySuggestion()}) {
+    if (!more.empty() && more != text) {
+      text.append(" ").append(more);
+    }
+  }
+  return text;
+}
+
+// Keeps the first failure of an operation.
+class Outcome {
+ public:
+  ZephylsDataController::Failure failure() {
+    return [this](const NSError& error) {
+      if (!error_) {
+        error_ = error;
+      }
+    };
+  }
+  void throwFailure() const {
+    if (error_) {
+      throw CommandError(textOf(*error_));
+    }
+  }
+
+ private:
+  std::optional<NSError> error_;
+};
+
+}  // namespace
+
+LockedGroups::LockedGroups(Session& session) : lock_(session.places().device) {
+  const auto store = ZephylsDataController::sharedInstance();
+  store->reloadAllZephyls();
+  // There always are groups once a session has started: without them the file could not be read,
+  // and to save now would be to lose them.
+  if (store->allZephyls()->empty()) {
+    throw CommandError("cannot read the groups " +
+                       session.places().onDevice(kGroupsFilePath).string() +
+                       "; nothing was changed");
+  }
+}
+
+ZephylRef LockedGroups::find(std::int64_t identifier) const {
+  const auto groups = ZephylsDataController::sharedInstance()->allZephyls()->snapshot();
+  const auto found = std::find_if(groups->begin(), groups->end(), [&](const ZephylRef& group) {
+    return group->identifier() == identifier;
+  });
+  return found == groups->end() ? nullptr : *found;
+}
+
+ZephylRef LockedGroups::current(const ZephylRef& known) const {
+  const ZephylRef stored = find(known->identifier());
+  if (stored == nullptr) {
+    throw CommandError("another program has deleted the group \"" + known->title() +
+                       "\"; nothing was changed");
+  }
+  if (isLocked(stored) && !isLocked(known)) {
+    throw CommandError("another program has protected the group \"" + known->title() +
+                       "\"; nothing was changed; try again");
+  }
+  return stored;
+}
+
+void LockedGroups::giveFreeIdentifier(const ZephylRef& group) const {
+  while (find(group->identifier()) != nullptr) {
+    group->setUniqueIdentifier();
+  }
+}
+
+void LockedGroups::add(const ZephylRef& group) {
+  Outcome outcome;
+  ZephylsDataController::sharedInstance()->addZephyl(group, nullptr, outcome.failure());
+  outcome.throwFailure();
+}
+
+void LockedGroups::update(const ZephylVector& groups) {
+  Outcome outcome;
+  ZephylsDataController::sharedInstance()->updateZephyls(groups, nullptr, outcome.failure());
+  outcome.throwFailure();
+}
+
+void LockedGroups::remove(const ZephylVector& groups) {
+  Outcome outcome;
+  const auto store = ZephylsDataController::sharedInstance();
+  if (groups.size() == 1) {
+    store->deleteZephyl(groups.front(), nullptr, outcome.failure());
+  } else {
+    store->deleteZephyls(groups, nullptr, outcome.failure());
+  }
+  outcome.throwFailure();
+}
+
+}  // namespace zephyl::app

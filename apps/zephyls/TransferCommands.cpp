@@ -1,0 +1,299 @@
+// The commands that write groups to a file and take them from one.
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/Host.h"
+#include "platform/foundation/Clock.h"
+
+#include "apps/common/CommandError.h"
+#include "apps/zephyls/Commands.h"
+#include "apps/zephyls/Consent.h"
+#include "apps/zephyls/Describe.h"
+#include "apps/zephyls/GroupPicture.h"
+#include "apps/zephyls/GroupsDocument.h"
+#include "apps/zephyls/GroupsExport.h"
+#include "apps/zephyls/ImportPlan.h"
+#include "apps/zephyls/LockedGroups.h"
+#include "apps/zephyls/Output.h"
+#include "apps/zephyls/Session.h"
+#include "hosts/linux/FileContents.h"
+#include "store/ZephylsDataController.h"
+
+namespace zephyl::app {
+
+namespace {
+
+constexpr char kStandardStream[] = "-";
+
+ZephylVector storedGroups() {
+  return *ZephylsDataController::sharedInstance()->allZephyls()->snapshot();
+}
+
+// Those named, else every group of the user's.
+ZephylVector groupsToExport(Session& session) {
+  ZephylVector groups;
+  for (const std::string& name : session.options().groups) {
+    const ZephylRef group = session.groupNamed(name);
+    if (group->isSystem()) {
+      throw CommandError("\"" + group->title() +
+                         "\" is a system group, which every device has of its own");
+    }
+    if (std::find(groups.begin(), groups.end(), group) == groups.end()) {
+      groups.push_back(group);
+    }
+  }
+  if (session.options().groups.empty()) {
+    for (const ZephylRef& group : storedGroups()) {
+      if (!group->isSystem()) {
+        groups.push_back(group);
+      }
+    }
+  }
+  return groups;
+}
+
+void checkMayWrite(const std::string& file, bool force) {
+  std::error_code error;
+  const auto status = std::filesystem::symlink_status(file, error);
+  if (std::filesystem::exists(status) && !force) {
+    throw CommandError(file + ": there is such a file already; write over it with --force");
+  }
+  if (std::filesystem::is_directory(status)) {
+    throw CommandError(file + ": is a folder");
+  }
+}
+
+void printExported(const Session& session, Output& output,
+                   const std::vector<TransferredGroup>& groups) {
+  const std::string& file = session.options().file;
+  std::vector<Row> rows;
+  for (const TransferredGroup& group : groups) {
+    const std::string title = group.properties["title"].ifString() == nullptr
+                                  ? std::string()
+                                  : *group.properties["title"].ifString();
+    if (output.isJson()) {
+      output.object({{"identifier", group.identifier},
+                     {"title", title},
+                     {"members", group.members.size()},
+                     {"picture", group.picture.has_value()},
+                     {"file", file}});
+    } else {
+      rows.push_back({{title, Style::kBold},
+                      {counted(group.members.size(), "member")},
+                      {group.picture ? "with its picture" : "", Style::kDim}});
+    }
+  }
+  output.table(rows);
+  if (!output.isJson()) {
+    output.line(counted(groups.size(), "group") + " in " + file);
+  }
+}
+
+std::string readInput(const std::string& file) {
+  if (file == kStandardStream) {
+    std::string contents;
+    constexpr std::size_t kPart = 1U << 16U;
+    std::string part(kPart, '\0');
+    while (std::cin.read(part.data(), kPart) || std::cin.gcount() > 0) {
+      contents.append(part, 0, static_cast<std::size_t>(std::cin.gcount()));
+      if (contents.size() > linux_host::kMaximumFileBytes) {
+        throw CommandError("the standard input has more than " +
+                           std::to_string(linux_host::kMaximumFileBytes) + " bytes");
+      }
+    }
+    return contents;
+  }
+  const linux_host::FileReading reading = linux_host::readWholeFile(file);
+  if (!reading.contents) {
+    throw CommandError(file + ": " +
+                       (reading.isMissing() ? "there is no such file" : reading.reason));
+  }
+  return *reading.contents;
+}
+
+std::vector<std::string> checkedPictures(const std::vector<TransferredGroup>& document,
+                                         const std::string& file) {
+  std::vector<std::string> pngs;
+  pngs.reserve(document.size());
+  for (std::size_t index = 0; index < document.size(); ++index) {
+    const auto& picture = document[index].picture;
+    const std::string place = file + ": groups[" + std::to_string(index) + "].picture";
+    pngs.push_back(picture ? checkedPicture(*picture, place) : std::string());
+  }
+  return pngs;
+}
+
+// Carries a plan out, one group after the other, those that are to go last of all.
+class Import {
+ public:
+  Import(LockedGroups& locked, const ImportPlan& plan) : locked_(locked), plan_(plan) {}
+
+  void run() {
+    for (const PlannedGroup& group : plan_.groups) {
+      store(group);
+    }
+    if (plan_.deleted.empty()) {
+      return;
+    }
+    std::vector<GroupChange> gone;
+    for (const ZephylRef& group : plan_.deleted) {
+      gone.push_back({group->dictionaryRepresentation(), {}, nullptr});
+    }
+    locked_.remove(plan_.deleted);
+    changes_.insert(changes_.end(), gone.begin(), gone.end());
+  }
+
+  [[nodiscard]] const std::vector<GroupChange>& changes() const { return changes_; }
+
+ private:
+  void store(const PlannedGroup& planned) {
+    GroupChange change = planned.change();
+    if (!change.isAny()) {
+      change.group = planned.existing;
+      changes_.push_back(std::move(change));
+      return;
+    }
+    // A fresh identifier when the dictionary has none.
+    const auto group = std::make_shared<Zephyl>(planned.after);
+    if (planned.existing == nullptr) {
+      locked_.giveFreeIdentifier(group);
+    }
+    if (!planned.png.empty()) {
+      storePicture(group, planned.png);
+    }
+    if (planned.existing == nullptr) {
+      locked_.add(group);
+    } else {
+      locked_.update({group});
+    }
+    change.group = group;
+    change.after = group->dictionaryRepresentation();
+    changes_.push_back(std::move(change));
+  }
+
+  LockedGroups& locked_;
+  const ImportPlan& plan_;
+  std::vector<GroupChange> changes_;
+};
+
+void printPlan(Session& session, Output& output, const ImportPlan& plan) {
+  for (const PlannedGroup& group : plan.groups) {
+    printChange(session, output, group.change());
+  }
+  for (const ZephylRef& group : plan.deleted) {
+    printChange(session, output, {group->dictionaryRepresentation(), {}, nullptr});
+  }
+}
+
+void tellRemarks(Output& output, const ImportPlan& plan) {
+  for (const std::string& remark : plan.remarks) {
+    output.complain(remark);
+  }
+}
+
+void askForImport(Session& session, Output& output, const ImportPlan& plan) {
+  const ZephylVector affected = plan.affected();
+  if (session.options().importMode == ImportMode::kReplace && !affected.empty()) {
+    askWhetherToGoOn(session, output,
+                     "Replace " + counted(affected.size(), "group") + " of yours by " +
+                         counted(plan.groups.size(), "group") + " of the file?");
+  }
+  askForFingerprint(session, output, affected);
+}
+
+// What other programs did since the user was asked may need asking again.
+void checkAsked(const ImportPlan& plan, const ZephylVector& asked) {
+  for (const ZephylRef& group : plan.affected()) {
+    const bool isAsked = std::any_of(asked.begin(), asked.end(), [&](const ZephylRef& one) {
+      return one->isEqual(*group) && isLocked(one) == isLocked(group);
+    });
+    if (!isAsked) {
+      throw CommandError("another program has changed the group \"" + group->title() +
+                         "\"; nothing was changed; try again");
+    }
+  }
+}
+
+}  // namespace
+
+int exportGroups(Session& session, Output& output) {
+  const std::string& file = session.options().file;
+  const bool isStream = file == kStandardStream;
+  if (!isStream) {
+    checkMayWrite(file, session.options().force);
+  }
+  session.startGroups();
+  const ZephylVector groups = groupsToExport(session);
+  askForFingerprint(session, output, groups);
+  std::vector<TransferredGroup> exported;
+  exported.reserve(groups.size());
+  for (const ZephylRef& group : groups) {
+    exported.push_back(
+        transferredGroup(group, [&](const std::string& message) { session.complain(message); }));
+  }
+  const Json document = documentOf(exported, host().clock().now());
+  if (isStream) {
+    output.document(document);
+    return session.exitStatus();
+  }
+  const auto failure = linux_host::replaceFile(
+      file, document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n");
+  if (failure) {
+    throw CommandError(file + ": " + *failure);
+  }
+  printExported(session, output, exported);
+  return session.exitStatus();
+}
+
+int importGroups(Session& session, Output& output) {
+  const Options& options = session.options();
+  const std::string name = options.file == kStandardStream ? "standard input" : options.file;
+  const std::vector<TransferredGroup> document = groupsOfDocument(readInput(options.file), name);
+  const std::vector<std::string> pngs = checkedPictures(document, name);
+  session.startGroups();
+  const MemberFinder finder(session);
+  const auto makePlan = [&] {
+    return planImport(document, pngs, storedGroups(), finder, options.importMode);
+  };
+  const ImportPlan expected = makePlan();
+  if (options.dryRun) {
+    printPlan(session, output, expected);
+    tellRemarks(output, expected);
+    return session.exitStatus();
+  }
+  askForImport(session, output, expected);
+  std::vector<GroupChange> changes;
+  std::string failure;
+  {
+    LockedGroups locked(session);
+    const ImportPlan plan = makePlan();
+    checkAsked(plan, expected.affected());
+    Import import(locked, plan);
+    try {
+      import.run();
+    } catch (const CommandError& error) {
+      failure = error.what();
+    }
+    changes = import.changes();
+  }
+  session.settle();
+  for (const GroupChange& change : changes) {
+    printChange(session, output, change);
+  }
+  tellRemarks(output, expected);
+  if (!failure.empty()) {
+    throw CommandError(failure + " Only what is listed was imported.");
+  }
+  return session.exitStatus();
+}
+
+}  // namespace zephyl::app
