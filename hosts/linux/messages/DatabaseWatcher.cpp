@@ -127,8 +127,8 @@ class DatabaseWatcher::Signs {
   QTimer polling_;
 };
 
-DatabaseWatcher::DatabaseWatcher(std::filesystem::path database, std::function<void()> changed,
-                                 WatcherDelays delays)
+DatabaseWatcher::DatabaseWatcher(const std::filesystem::path& database,
+                                 std::function<void()> changed, WatcherDelays delays)
     : signs_(std::make_unique<Signs>(std::filesystem::absolute(database), std::move(changed),
                                      delays)) {}
 

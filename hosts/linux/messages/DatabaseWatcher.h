@@ -24,7 +24,7 @@ class DatabaseWatcher {
  public:
   // The file need not exist, nor its folder. `changed` runs once for all changes of a while; what
   // happens to other files in the folder does not matter.
-  DatabaseWatcher(std::filesystem::path database, std::function<void()> changed,
+  DatabaseWatcher(const std::filesystem::path& database, std::function<void()> changed,
                   WatcherDelays delays = {});
   ~DatabaseWatcher();
   DatabaseWatcher(const DatabaseWatcher&) = delete;
