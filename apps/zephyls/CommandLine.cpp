@@ -60,10 +60,13 @@ void addDeviceOptions(CLI::App& app, Options& options) {
       ->check(CLI::Validator(whyNoRelease, ""));
   app.add_option_function<std::string>(
          "--biometrics",
-         [&options](const std::string& value) { options.biometrics = value == "on"; },
-         "whether the device has a fingerprint reader (default: off)")
-      ->type_name("on|off")
-      ->check(CLI::IsMember({"on", "off"}).description(""));
+         [&options](const std::string& value) {
+           options.biometrics = value == "auto" ? std::nullopt : std::optional(value == "on");
+         },
+         "whether the device has a fingerprint reader: the one of this machine (auto), one that "
+         "knows nobody (on) or none (off) (default: auto)")
+      ->type_name("auto|on|off")
+      ->check(CLI::IsMember({"auto", "on", "off"}).description(""));
   app.add_option("--language", options.language, "language of the texts, such as de or zh-Hans")
       ->type_name("LANG");
   app.add_flag("--json", options.json, "one JSON object a line, for programs");

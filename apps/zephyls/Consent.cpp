@@ -12,6 +12,7 @@
 #include "platform/foundation/Dispatch.h"
 
 #include "apps/common/CommandError.h"
+#include "apps/zephyls/Interruption.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
 #include "model/ZPLocalizedText.h"
@@ -131,6 +132,7 @@ void askForFingerprint(Session& session, Output& output, const ZephylVector& gro
     output.complain(reason);
   }
   const auto check = std::make_shared<Check>();
+  const Interruption interruption([&session] { session.cancelFingerprint(); });
   start(check, reason);
   const auto isAnswered = [&] {
     const std::lock_guard lock(check->mutex);

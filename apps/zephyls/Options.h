@@ -29,7 +29,7 @@ enum class ImportMode { kMerge, kReplace };
 struct Options {
   SourceOptions sources;
   std::string iosVersion = "14.0";
-  bool biometrics = false;
+  std::optional<bool> biometrics;  // nothing: what this machine has
   std::optional<std::string> language;
   bool json = false;
 

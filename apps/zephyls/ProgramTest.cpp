@@ -107,7 +107,10 @@ ProgramTest::ProgramTest() {
   device_ = folder_ / "device";
   groups_ = device_ / "var/mobile/Library/Preferences/com.vantor.zephyls-profiles.plist";
   settings_ = device_ / "var/mobile/Library/Preferences/com.vantor.zephyls.plist";
-  environment_ = {{"HOME", folder_.string()}, {"TZ", "UTC"}, {"LANG", "C.UTF-8"}};
+  environment_ = {{"HOME", folder_.string()},
+                  {"TZ", "UTC"},
+                  {"LANG", "C.UTF-8"},
+                  {"DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nonexistent/bus"}};
 }
 
 ProgramTest::~ProgramTest() {

@@ -19,6 +19,7 @@
 #include "hosts/linux/Languages.h"
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/LinuxDispatch.h"
+#include "hosts/linux/fingerprint/FprintAuthentication.h"
 #include "model/GroupsFileCheck.h"
 #include "model/ZPSettings.h"
 #include "model/ZephylKeys.h"
@@ -48,7 +49,8 @@ Session::~Session() {
   if (device_ == nullptr) {
     return;
   }
-  // Background work may still ask the host.
+  // A check may still run, and background work may still ask the host.
+  cancelFingerprint();
   device_->queues().stop();
   uninstall();
 }
@@ -69,6 +71,28 @@ void Session::warn(const std::string& source, const std::vector<std::string>& wa
   if (warnings.size() > kMostWarnings) {
     output_.complain(source + ": " + std::to_string(warnings.size() - kMostWarnings) +
                      " further remarks; `zephyls check` lists them");
+  }
+}
+
+// The user is told how to do better; the reason of a check is told by whoever asks for it.
+void Session::serveFingerprint(linux_host::DeviceOptions& options) {
+  options.hasBiometrics = options_.biometrics.value_or(false);
+  if (options_.biometrics) {
+    return;
+  }
+  linux_host::FprintOptions reading;
+  reading.prompt = [this](const linux_host::FprintPrompt& prompt) {
+    if (prompt.kind == linux_host::FprintPrompt::Kind::kRetry) {
+      device_->dispatch().mainAsync([this, text = prompt.text] { output_.complain(text); });
+    }
+  };
+  reader_ = std::make_shared<linux_host::FprintAuthentication>(std::move(reading));
+  options.makeAuthentication = [this] { return reader_; };
+}
+
+void Session::cancelFingerprint() {
+  if (reader_ != nullptr) {
+    reader_->cancel();
   }
 }
 
@@ -104,7 +128,7 @@ void Session::startDevice() {
       linux_host::languageWishesOfEnvironment(options_.language.value_or("")));
   options.systemLog = std::make_unique<SessionLog>(
       options.deviceRoot, [this](const std::string& message) { complain(message); });
-  options.hasBiometrics = options_.biometrics;
+  serveFingerprint(options);
   options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
   userData_.serveBy(options, options_.sources.favorites);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));

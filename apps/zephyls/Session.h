@@ -20,6 +20,7 @@
 #include "model/Zephyl.h"
 
 namespace zephyl::linux_host {
+class FprintAuthentication;
 class LinuxDevice;
 }
 
@@ -52,6 +53,9 @@ class Session {
   // Processes events until one of them has brought `done` about; whether it did within `limit`.
   bool waitUntil(const std::function<bool()>& done, std::chrono::milliseconds limit);
 
+  // Ends the check of a finger that runs, if one does.
+  void cancelFingerprint();
+
   // The group of exactly that title, else the one with that identifier. Titles that fit several
   // groups, and texts that fit none, are errors.
   [[nodiscard]] ZephylRef groupNamed(const std::string& titleOrIdentifier);
@@ -67,6 +71,7 @@ class Session {
   [[nodiscard]] int exitStatus() const;
 
  private:
+  void serveFingerprint(linux_host::DeviceOptions& options);
   void writeFirstSettings();
   [[nodiscard]] std::string whyNoGroups() const;
   void warn(const std::string& source, const std::vector<std::string>& warnings);
@@ -77,6 +82,8 @@ class Session {
   std::atomic<bool> badData_ = false;
   UserData userData_;
   std::unique_ptr<linux_host::LinuxDevice> device_;
+  // Of this machine. Goes before the device, to which it passes on what the owner is told.
+  std::shared_ptr<linux_host::FprintAuthentication> reader_;
   bool groupsStarted_ = false;
 };
 

@@ -56,6 +56,7 @@ struct LinuxDevice::Parts {
         vibration(dispatch, options.bundleIdentifier),
         hasBiometrics(options.hasBiometrics),
         authenticate(std::move(options.authenticate)),
+        makeAuthentication(std::move(options.makeAuthentication)),
         conversationList(std::move(options.conversationList)),
         addressBook(std::move(options.addressBook)),
         favorites(std::move(options.favorites)),
@@ -73,6 +74,7 @@ struct LinuxDevice::Parts {
   LinuxVibration vibration;
   bool hasBiometrics;
   ScriptedAuthentication::Answer authenticate;
+  std::function<std::shared_ptr<LAContext>()> makeAuthentication;
   InProcessMessagingCenter messagingCenter{log};
   std::unique_ptr<CKConversationList> conversationList;
   ABAddressBookRef addressBook;
@@ -146,6 +148,9 @@ ABPhoneFormatting& LinuxDevice::phoneFormatting() {
 }
 
 std::shared_ptr<LAContext> LinuxDevice::makeLAContext() {
+  if (parts_->makeAuthentication) {
+    return parts_->makeAuthentication();
+  }
   if (!parts_->hasBiometrics) {
     return std::make_shared<NoAuthentication>();
   }

@@ -44,6 +44,9 @@ struct DeviceOptions {
   bool hasBiometrics = false;
   ScriptedAuthentication::Answer authenticate;
 
+  // What makes the context instead, when given. Called on the thread that asks for it.
+  std::function<std::shared_ptr<LAContext>()> makeAuthentication;
+
   OverwriteGuard::NeedsCopy needsCopyBeforeOverwrite;
 
   // The one file of which safety copies are kept; not given: none.

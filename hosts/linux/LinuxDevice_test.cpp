@@ -42,6 +42,15 @@ TEST_F(LinuxDeviceTest, EachContextIsANewOne) {
   EXPECT_NE(device.makeLAContext(), device.makeLAContext());
 }
 
+TEST_F(LinuxDeviceTest, AReaderThatIsGivenIsPreferred) {
+  DeviceOptions given = options();
+  const auto reader = std::make_shared<NoAuthentication>();
+  given.hasBiometrics = true;
+  given.makeAuthentication = [&] { return reader; };
+  LinuxDevice device(std::move(given));
+  EXPECT_EQ(device.makeLAContext(), reader);
+}
+
 TEST_F(LinuxDeviceTest, TheProcessIsWhomTheOptionsSay) {
   DeviceOptions shell = options();
   shell.bundleIdentifier = "com.apple.springboard";
