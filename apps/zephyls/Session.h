@@ -22,7 +22,7 @@
 namespace zephyl::linux_host {
 class FprintAuthentication;
 class LinuxDevice;
-}
+}  // namespace zephyl::linux_host
 
 namespace zephyl::app {
 
