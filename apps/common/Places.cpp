@@ -26,19 +26,31 @@ fs::path shareFolder() {
   return program.parent_path().parent_path() / "share/zephyls";
 }
 
-// $XDG_DATA_HOME/zephyls; a relative XDG_DATA_HOME does not count.
-fs::path dataFolder() {
-  const char* data = std::getenv("XDG_DATA_HOME");
-  if (data != nullptr && *data == '/') {
-    return fs::path(data) / "zephyls";
+// $VARIABLE/zephyls, else the folder below $HOME; empty when neither is set. A relative path does
+// not count.
+fs::path userFolder(const char* variable, const char* belowHome) {
+  const char* named = std::getenv(variable);
+  if (named != nullptr && *named == '/') {
+    return fs::path(named) / "zephyls";
   }
   const char* home = std::getenv("HOME");
-  if (home == nullptr || *home != '/') {
+  return home != nullptr && *home == '/' ? fs::path(home) / belowHome / "zephyls" : fs::path();
+}
+
+fs::path dataFolder() {
+  fs::path folder = userFolder("XDG_DATA_HOME", ".local/share");
+  if (folder.empty()) {
     throw CommandError(
         "neither XDG_DATA_HOME nor HOME names a folder; say with --device where the groups are "
         "kept");
   }
-  return fs::path(home) / ".local/share/zephyls";
+  return folder;
+}
+
+// Without a home of the user's, beside the groups.
+fs::path stateFolder(const fs::path& device) {
+  const fs::path folder = userFolder("XDG_STATE_HOME", ".local/state");
+  return folder.empty() ? device / "state" : folder;
 }
 
 bool isThere(const fs::path& path) {
@@ -102,9 +114,9 @@ Places placesFor(const SourceOptions& options) {
     places.messages = places.onDevice(kPhoneMessages);
   } else {
     useSample(options, places);
-    return places;
   }
-  if (places.contacts.empty() && isThere(places.onDevice(kPhoneContacts))) {
+  places.state = stateFolder(places.device);
+  if (!places.isSample && places.contacts.empty() && isThere(places.onDevice(kPhoneContacts))) {
     places.contacts = {places.onDevice(kPhoneContacts).string()};
   }
   return places;

@@ -19,6 +19,8 @@ struct Places {
   std::vector<std::string> contacts;
   std::filesystem::path device;
   std::filesystem::path overlay;
+  // What programs keep for themselves, such as safety copies.
+  std::filesystem::path state;
   bool isSample = false;
 
   // The record ids that were given to people whose source has none.

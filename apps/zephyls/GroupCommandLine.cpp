@@ -6,6 +6,7 @@
 
 #include "apps/zephyls/CommandTable.h"
 #include "apps/zephyls/Commands.h"
+#include "apps/zephyls/CopyCommands.h"
 #include "apps/zephyls/Options.h"
 
 namespace zephyl::app {
@@ -165,6 +166,17 @@ void addTransferCommands(CLI::App& groups, CommandTable& table, Options& options
   addYes(load, options);
 }
 
+void addCopyCommands(CLI::App& groups, CommandTable& table, Options& options) {
+  table.add(groups, "copies",
+            "the safety copies: what the groups were before each of the last changes", listCopies);
+  table
+      .add(groups, "restore",
+           withFingerprint("go back to a safety copy; the groups of now are copied first").c_str(),
+           restoreCopy)
+      .add_option("COPY", options.copy, "a name that `groups copies` lists, or last")
+      ->required();
+}
+
 }  // namespace
 
 void addGroupCommands(CLI::App& program, CommandTable& table, Options& options) {
@@ -178,6 +190,7 @@ void addGroupCommands(CLI::App& program, CommandTable& table, Options& options) 
   addEditingCommands(groups, table, options);
   addMemberCommands(groups, table, options);
   addTransferCommands(groups, table, options);
+  addCopyCommands(groups, table, options);
 }
 
 }  // namespace zephyl::app

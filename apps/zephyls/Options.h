@@ -42,6 +42,7 @@ struct Options {
   std::vector<std::string> groups;  // titles or identifiers, to be changed or exported
   GroupWishes wishes;
   std::vector<std::string> people;  // who becomes a member, or is one no longer
+  std::string copy;                 // a safety copy's name, or "last"
   std::string file;                 // to export to or import from; "-" for the standard streams
   ImportMode importMode = ImportMode::kMerge;
   bool dryRun = false;

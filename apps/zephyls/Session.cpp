@@ -12,6 +12,7 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/common/DeviceLock.h"
+#include "apps/springboard/GroupsSafety.h"
 #include "apps/springboard/GroupsService.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/SessionLog.h"
@@ -130,6 +131,7 @@ void Session::startDevice() {
       options.deviceRoot, [this](const std::string& message) { complain(message); });
   serveFingerprint(options);
   options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
+  options.safety = safetyOfGroups(places_.state.string(), options.deviceRoot);
   userData_.serveBy(options, options_.sources.favorites);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
   install(*device_);
