@@ -54,9 +54,9 @@ std::string contentOf(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// Starts the program with its standard output and error in files; gives its exit status.
+// Starts the program with its standard streams in files; gives its exit status.
 int spawn(const std::vector<std::string>& words, const std::map<std::string, std::string>& settings,
-          const std::string& out, const std::string& errors) {
+          const std::string& in, const std::string& out, const std::string& errors) {
   std::vector<std::string> environment;
   environment.reserve(settings.size());
   for (const auto& [name, value] : settings) {
@@ -73,6 +73,7 @@ int spawn(const std::vector<std::string>& words, const std::map<std::string, std
   };
   posix_spawn_file_actions_t files;
   posix_spawn_file_actions_init(&files);
+  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, in.c_str(), O_RDONLY | O_NOCTTY, 0);
   constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC;
   posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, out.c_str(), kFlags, 0600);
   posix_spawn_file_actions_addopen(&files, STDERR_FILENO, errors.c_str(), kFlags, 0600);
@@ -125,7 +126,7 @@ ProgramResult ProgramTest::run(const std::vector<std::string>& words,
   const std::string out = outputFile.empty() ? (folder_ / "stdout").string() : outputFile;
   const std::string errors = (folder_ / "stderr").string();
   ProgramResult result;
-  result.status = spawn(all, environment_, out, errors);
+  result.status = spawn(all, environment_, input_, out, errors);
   result.out = outputFile.empty() ? contentOf(out) : "";
   result.errors = contentOf(errors);
   return result;

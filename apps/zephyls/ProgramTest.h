@@ -54,6 +54,7 @@ class ProgramTest : public ::testing::Test {
   std::filesystem::path groups_;
   std::filesystem::path settings_;
   std::map<std::string, std::string> environment_;
+  std::string input_ = "/dev/null";  // the file that is the standard input
 };
 
 }  // namespace zephyl::app::test
