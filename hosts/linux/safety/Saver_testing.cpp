@@ -1,8 +1,11 @@
 // Saves a list that grows by one line a time, through safety copies, until it is killed; prints the
 // number of lines after each save that succeeded. Arguments: the file and the folder of its copies.
+// With a number of lines as well: stops itself, so that it can be watched, and saves that list.
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -30,19 +33,29 @@ std::string listOf(long lines) {
   return list;
 }
 
-int saveUntilKilled(const std::string& file, const std::string& folder) {
-  ErrorLog log;
-  LinuxClock clock;
+SafetyOptions optionsFor(const std::string& folder) {
   SafetyOptions options;
   options.path = "/list";
   options.folder = folder;
   options.whyUnreadable = [](const std::string& contents) {
     return contents.starts_with("good\n") ? std::nullopt : std::optional<std::string>("torn");
   };
-  SafetyCopies copies(options, log, clock);
+  return options;
+}
+
+FileFailure write(SafetyCopies& copies, const std::string& file, long lines) {
+  return copies.write(file, listOf(lines), [](const FileReading&) { return std::nullopt; });
+}
+
+int saveOnce(SafetyCopies& copies, const std::string& file, long lines) {
+  static_cast<void>(std::raise(SIGSTOP));
+  return write(copies, file, lines) ? 1 : 0;
+}
+
+int saveUntilKilled(SafetyCopies& copies, const std::string& file) {
   const std::string stored = copies.read(file).contents.value_or("\n");
   for (long lines = std::count(stored.begin(), stored.end(), '\n');; ++lines) {
-    if (copies.write(file, listOf(lines), [](const FileReading&) { return std::nullopt; })) {
+    if (write(copies, file, lines)) {
       return 1;
     }
     std::printf("%ld\n", lines);
@@ -50,10 +63,21 @@ int saveUntilKilled(const std::string& file, const std::string& folder) {
   }
 }
 
+int run(int argc, char** argv) {
+  if (argc < 3 || argc > 4) {
+    return 2;
+  }
+  ErrorLog log;
+  LinuxClock clock;
+  SafetyCopies copies(optionsFor(argv[2]), log, clock);
+  return argc == 4 ? saveOnce(copies, argv[1], std::strtol(argv[3], nullptr, 10))
+                   : saveUntilKilled(copies, argv[1]);
+}
+
 }  // namespace
 
 }  // namespace zephyl::linux_host
 
 int main(int argc, char** argv) {
-  return argc == 3 ? zephyl::linux_host::saveUntilKilled(argv[1], argv[2]) : 2;
+  return zephyl::linux_host::run(argc, argv);
 }
