@@ -59,9 +59,13 @@ struct DeviceMaker {
 
 [[nodiscard]] DeviceMaker fakeDeviceMaker();
 [[nodiscard]] DeviceMaker linuxDeviceMaker();
+[[nodiscard]] DeviceMaker linuxOverBusDeviceMaker();
 
 // Every device of this build.
 [[nodiscard]] std::vector<DeviceMaker> devicesUnderTest();
+
+// And every way in which their messages and notifications go.
+[[nodiscard]] std::vector<DeviceMaker> messagingDevicesUnderTest();
 
 // The base of each suite: a fresh device a test.
 class ContractTest : public ::testing::TestWithParam<DeviceMaker> {
@@ -94,3 +98,6 @@ inline void onThreads(int count, const std::function<void(int)>& task) {
 // Runs a suite on every device.
 #define ZEPHYLS_CONTRACT(suite) \
   INSTANTIATE_TEST_SUITE_P(EveryDevice, suite, ::testing::ValuesIn(devicesUnderTest()), nameOfMaker)
+#define ZEPHYLS_MESSAGING_CONTRACT(suite)                                                        \
+  INSTANTIATE_TEST_SUITE_P(EveryDevice, suite, ::testing::ValuesIn(messagingDevicesUnderTest()), \
+                           nameOfMaker)

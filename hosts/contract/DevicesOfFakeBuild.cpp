@@ -6,4 +6,8 @@ std::vector<DeviceMaker> devicesUnderTest() {
   return {fakeDeviceMaker()};
 }
 
+std::vector<DeviceMaker> messagingDevicesUnderTest() {
+  return devicesUnderTest();
+}
+
 }  // namespace zephyl::contract

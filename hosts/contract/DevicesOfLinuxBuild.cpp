@@ -6,4 +6,8 @@ std::vector<DeviceMaker> devicesUnderTest() {
   return {fakeDeviceMaker(), linuxDeviceMaker()};
 }
 
+std::vector<DeviceMaker> messagingDevicesUnderTest() {
+  return {fakeDeviceMaker(), linuxDeviceMaker(), linuxOverBusDeviceMaker()};
+}
+
 }  // namespace zephyl::contract

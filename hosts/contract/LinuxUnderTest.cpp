@@ -1,16 +1,18 @@
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <utility>
 
 #include <sys/stat.h>
 
+#include "hosts/contract/BusUnderTest.h"
 #include "hosts/contract/DeviceUnderTest.h"
 #include "hosts/contract/TemporaryFolder.h"
 #include "hosts/fake/FakeSystem.h"
-#include "hosts/linux/InProcessMessagingCenter.h"
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/LinuxDispatch.h"
+#include "hosts/linux/MessageServer.h"
 
 namespace zephyl::contract {
 
@@ -32,7 +34,10 @@ class ForwardedLog : public SystemLog {
 
 class LinuxUnderTest : public DeviceUnderTest {
  public:
-  LinuxUnderTest() { start(); }
+  // With a bus, messages and notifications go over it.
+  explicit LinuxUnderTest(std::unique_ptr<BusUnderTest> bus = nullptr) : bus_(std::move(bus)) {
+    start();
+  }
   ~LinuxUnderTest() override { stop(); }
   LinuxUnderTest(const LinuxUnderTest&) = delete;
   LinuxUnderTest& operator=(const LinuxUnderTest&) = delete;
@@ -54,7 +59,11 @@ class LinuxUnderTest : public DeviceUnderTest {
   std::string unwritableFile() override { return makeFifo("/unwritable"); }
 
   void answer(const std::string& center, const std::string& name, Handler handler) override {
-    device_->messageServers().setHandler(center, name, std::move(handler));
+    if (bus_ != nullptr) {
+      bus_->answer(center, name, handler);
+    } else {
+      device_->messageServers().setHandler(center, name, std::move(handler));
+    }
   }
 
   void setBiometrics(Biometrics biometrics) override {
@@ -80,6 +89,9 @@ class LinuxUnderTest : public DeviceUnderTest {
     if (biometrics_ == Biometrics::kRecognizes) {
       options.authenticate = [](const ScriptedAuthentication::Question&) { return std::nullopt; };
     }
+    if (bus_ != nullptr) {
+      bus_->serve(options);
+    }
     device_.emplace(std::move(options));
     install(*device_);
   }
@@ -98,6 +110,7 @@ class LinuxUnderTest : public DeviceUnderTest {
     return path;
   }
 
+  const std::unique_ptr<BusUnderTest> bus_;
   TemporaryFolder root_;
   fake::FakeSystemLog log_;
   Biometrics biometrics_ = Biometrics::kNone;
@@ -109,6 +122,11 @@ class LinuxUnderTest : public DeviceUnderTest {
 
 DeviceMaker linuxDeviceMaker() {
   return {"Linux", [] { return std::make_unique<LinuxUnderTest>(); }};
+}
+
+DeviceMaker linuxOverBusDeviceMaker() {
+  return {"LinuxOverBus",
+          [] { return std::make_unique<LinuxUnderTest>(std::make_unique<BusUnderTest>()); }};
 }
 
 }  // namespace zephyl::contract

@@ -18,7 +18,7 @@ class MessagingContract : public ContractTest {
     device().answer("com.example.center", name, std::move(handler));
   }
 };
-ZEPHYLS_CONTRACT(MessagingContract);
+ZEPHYLS_MESSAGING_CONTRACT(MessagingContract);
 
 TEST_P(MessagingContract, WithoutAServerThereIsNoReply) {
   answer("other", [](const Dictionary*) { return Dictionary(); });

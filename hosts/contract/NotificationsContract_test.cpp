@@ -19,7 +19,7 @@ class NotificationsContract : public ContractTest {
 
   std::string heard_;
 };
-ZEPHYLS_CONTRACT(NotificationsContract);
+ZEPHYLS_MESSAGING_CONTRACT(NotificationsContract);
 
 TEST_P(NotificationsContract, APostReachesItsObserversOnTheMainQueue) {
   bool onMain = false;

@@ -24,6 +24,11 @@ DeviceOptions completed(DeviceOptions options) {
   if (options.systemLog == nullptr) {
     options.systemLog = std::make_unique<LinuxSystemLog>(options.verbose);
   }
+  if (!options.makeNotifications) {
+    options.makeNotifications = [](Dispatch& dispatch, SystemLog& /*log*/) {
+      return std::make_unique<InProcessNotifications>(dispatch);
+    };
+  }
   if (options.conversationList == nullptr) {
     options.conversationList = std::make_unique<EmptyConversationList>();
   }
@@ -60,7 +65,12 @@ struct LinuxDevice::Parts {
         conversationList(std::move(options.conversationList)),
         addressBook(std::move(options.addressBook)),
         favorites(std::move(options.favorites)),
-        phoneFormatting(std::move(options.phoneFormatting)) {}
+        phoneFormatting(std::move(options.phoneFormatting)),
+        notifications(options.makeNotifications(dispatch, log)) {
+    if (options.makeMessagingCenter) {
+      otherMessagingCenter = options.makeMessagingCenter(messagingCenter, log);
+    }
+  }
 
   DeviceRoot root;
   std::unique_ptr<SystemLog> ownedLog;
@@ -76,11 +86,12 @@ struct LinuxDevice::Parts {
   ScriptedAuthentication::Answer authenticate;
   std::function<std::shared_ptr<LAContext>()> makeAuthentication;
   InProcessMessagingCenter messagingCenter{log};
+  std::unique_ptr<CPDistributedMessagingCenter> otherMessagingCenter;  // in its place, or null
   std::unique_ptr<CKConversationList> conversationList;
   ABAddressBookRef addressBook;
   std::unique_ptr<ABFavorites> favorites;
   std::unique_ptr<ABPhoneFormatting> phoneFormatting;
-  InProcessNotifications notifications{dispatch};
+  std::unique_ptr<DarwinNotificationCenter> notifications;
 };
 
 LinuxDevice::LinuxDevice(DeviceOptions options)
@@ -112,7 +123,7 @@ SystemLog& LinuxDevice::systemLog() {
 }
 
 DarwinNotificationCenter& LinuxDevice::darwinNotifications() {
-  return parts_->notifications;
+  return *parts_->notifications;
 }
 
 ProcessInfo& LinuxDevice::processInfo() {
@@ -120,7 +131,8 @@ ProcessInfo& LinuxDevice::processInfo() {
 }
 
 CPDistributedMessagingCenter& LinuxDevice::messagingCenter() {
-  return parts_->messagingCenter;
+  return parts_->otherMessagingCenter != nullptr ? *parts_->otherMessagingCenter
+                                                 : parts_->messagingCenter;
 }
 
 UIDevice& LinuxDevice::device() {
@@ -161,7 +173,7 @@ LinuxDispatch& LinuxDevice::queues() {
   return parts_->dispatch;
 }
 
-InProcessMessagingCenter& LinuxDevice::messageServers() {
+MessageServer& LinuxDevice::messageServers() {
   return parts_->messagingCenter;
 }
 

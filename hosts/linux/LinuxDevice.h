@@ -15,7 +15,10 @@
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/addressbook/ABFavorites.h"
 #include "platform/addressbook/ABPhoneFormatting.h"
+#include "platform/appsupport/CPDistributedMessagingCenter.h"
 #include "platform/chatkit/CKConversationList.h"
+#include "platform/foundation/DarwinNotificationCenter.h"
+#include "platform/foundation/Dispatch.h"
 #include "platform/foundation/SystemLog.h"
 
 #include "hosts/linux/OverwriteGuard.h"
@@ -24,8 +27,8 @@
 
 namespace zephyl::linux_host {
 
-class InProcessMessagingCenter;
 class LinuxDispatch;
+class MessageServer;
 
 struct DeviceOptions {
   std::string deviceRoot;  // the folder that stands for the phone's "/"
@@ -51,6 +54,14 @@ struct DeviceOptions {
 
   // The one file of which safety copies are kept; not given: none.
   SafetyOptions safety;
+
+  // Not given: messages are answered in this process, by `messageServers`, and notifications stay
+  // in it. `inProcess` is what would answer then, and outlives what is made, as the others do.
+  std::function<std::unique_ptr<CPDistributedMessagingCenter>(
+      CPDistributedMessagingCenter& inProcess, SystemLog& log)>
+      makeMessagingCenter;
+  std::function<std::unique_ptr<DarwinNotificationCenter>(Dispatch& dispatch, SystemLog& log)>
+      makeNotifications;
 
   // Those not given are empty: no conversations, nobody in the address book, no favourites, no
   // phone number formatted.
@@ -83,9 +94,10 @@ class LinuxDevice : public Host {
   ABPhoneFormatting& phoneFormatting() override;
   std::shared_ptr<LAContext> makeLAContext() override;
 
-  // What programs do beyond the seams: run the queues without an event loop, serve messages.
+  // What programs do beyond the seams: run the queues without an event loop, serve messages in this
+  // process.
   [[nodiscard]] LinuxDispatch& queues();
-  [[nodiscard]] InProcessMessagingCenter& messageServers();
+  [[nodiscard]] MessageServer& messageServers();
 
  private:
   struct Parts;
