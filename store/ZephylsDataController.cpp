@@ -65,6 +65,16 @@ Array dictionariesOf(const ZephylVector& groups) {
   return dictionaries;
 }
 
+// Many at once, since each change of the list copies it.
+void appendAndLoad(ZephylArray& list, const ZephylVector& groups) {
+  list.append(groups);
+  for (const ZephylRef& group : groups) {
+    if (group->isEnabled() && !group->isSystem()) {
+      group->loadAffiliatedConversations(/*inBackground=*/!group->isActive());
+    }
+  }
+}
+
 }  // namespace
 
 std::shared_ptr<ZephylsDataController> ZephylsDataController::sharedInstance() {
@@ -115,17 +125,19 @@ void ZephylsDataController::loadZephyls() {
   const auto groups = std::make_shared<ZephylArray>();
   zephyls_.store(groups);
   const Array stored = getAllGroups().value_or(Array());
+  ZephylVector read;
   for (const Value& element : stored) {
     // The file may hold anything; what is no group cannot be shown.
     if (element.ifDictionary() == nullptr) {
       continue;
     }
-    const auto group = std::make_shared<Zephyl>(*element.ifDictionary());
-    groups->append({group});
-    if (group->isEnabled() && !group->isSystem()) {
-      group->loadAffiliatedConversations(/*inBackground=*/!group->isActive());
+    read.push_back(std::make_shared<Zephyl>(*element.ifDictionary()));
+    // A load on this thread may look at the list, which then ends with this group.
+    if (read.back()->isActive()) {
+      appendAndLoad(*groups, std::exchange(read, {}));
     }
   }
+  appendAndLoad(*groups, read);
   updateGroupsHasHideConvosStatus();
 }
 

@@ -62,6 +62,19 @@ TEST_F(StoreTest, OnlyEnabledUserGroupsLoadTheirConversationsAndTheActiveOneAtOn
   EXPECT_EQ(groups[3]->conversations(), nullptr);
 }
 
+TEST_F(StoreTest, TheActiveGroupLoadsWhileTheListEndsWithIt) {
+  Titles seen;
+  device_.conversationList().setConversations({fake::chat("a", {fake::known(1)})});
+  device_.conversationList().setShows([&](const ZephylRef&, const CKConversationRef&) {
+    seen = titles(*store()->allZephyls()->snapshot());
+    return true;
+  });
+  putGroups({GroupBuilder(1, "A"), GroupBuilder(2, "Active").active(), GroupBuilder(3, "C")});
+  EXPECT_EQ(store()->allZephyls()->size(), 3U);
+  EXPECT_EQ(seen, (Titles{"A", "Active"}));
+  EXPECT_EQ(device_.dispatch().waitingGlobal(), 2U);
+}
+
 TEST_F(StoreTest, ReloadingReplacesTheWholeList) {
   putGroups({GroupBuilder(1, "Work")});
   const auto before = store()->allZephyls();
