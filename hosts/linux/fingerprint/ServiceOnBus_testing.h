@@ -5,10 +5,12 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusVirtualObject>
-#include <QThread>
+#include <QEventLoop>
+#include <atomic>
 #include <functional>
+#include <future>
 #include <string>
+#include <thread>
 
 #include "hosts/linux/fingerprint/BusConnection.h"
 
@@ -33,23 +35,13 @@ class ServiceOnBus {
   [[nodiscard]] bool flush();
 
  private:
-  class Objects : public QDBusVirtualObject {
-   public:
-    explicit Objects(Handle handle) : handle_(std::move(handle)) {}
-    QString introspect(const QString& /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
-      call.setDelayedReply(true);
-      handle_(call, bus);
-      return true;
-    }
+  void serve(const std::string& name, const std::string& path, const Handle& handle,
+             std::promise<bool>& named);
 
-   private:
-    Handle handle_;
-  };
-
-  QThread thread_;
   linux_host::BusConnection connection_;
-  Objects objects_;
+  std::atomic<bool> stopping_ = false;
+  std::promise<QEventLoop*> events_;
+  std::thread thread_;
 };
 
 }  // namespace zephyl::test
