@@ -109,20 +109,23 @@ Array inventedGroups(std::size_t count, std::size_t conversations) {
   return groups;
 }
 
-BenchDevice::BenchDevice(std::size_t conversations, std::size_t groups, const std::string& version,
-                         const std::string& bundleIdentifier) {
+BenchDevice::BenchDevice(std::size_t conversations, std::size_t groups,
+                         linux_host::DeviceOptions options) {
   auto list = std::make_unique<FilteredConversationList>();
   list->setShows(ruleShows);
   list->setConversations(inventedConversations(conversations));
-  linux_host::DeviceOptions options;
   options.deviceRoot = root_.path();
-  options.systemVersion = version;
-  options.bundleIdentifier = bundleIdentifier;
   options.systemLog = std::make_unique<NoLog>();
   options.conversationList = std::move(list);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
   install(*device_);
   writeToFile(inventedGroups(groups, conversations + 1), kGroupsFilePath);
+}
+
+linux_host::DeviceOptions BenchDevice::fileMode() {
+  linux_host::DeviceOptions options;
+  options.systemVersion = "11.0";
+  return options;
 }
 
 BenchDevice::~BenchDevice() {

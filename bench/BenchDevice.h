@@ -27,10 +27,10 @@ namespace zephyl::bench {
 
 class BenchDevice {
  public:
-  // The store reads and writes the groups file itself in version 11.0, and asks the message center
-  // in 14.0.
-  BenchDevice(std::size_t conversations, std::size_t groups, const std::string& version = "11.0",
-              const std::string& bundleIdentifier = "com.apple.MobileSMS");
+  // The store reads and writes the groups file itself, unless `options` (the version is 11.0) say
+  // otherwise.
+  BenchDevice(std::size_t conversations, std::size_t groups,
+              linux_host::DeviceOptions options = fileMode());
   ~BenchDevice();
   BenchDevice(const BenchDevice&) = delete;
   BenchDevice& operator=(const BenchDevice&) = delete;
@@ -39,6 +39,8 @@ class BenchDevice {
   [[nodiscard]] static std::shared_ptr<ZephylsDataController> store() {
     return ZephylsDataController::sharedInstance();
   }
+  [[nodiscard]] static linux_host::DeviceOptions fileMode();
+
   // Until nothing waits any more.
   void settle();
 
