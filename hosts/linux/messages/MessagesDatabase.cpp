@@ -27,10 +27,10 @@ DatabaseResult<MessagesReading> MessagesDatabase::conversations() {
 
 DatabaseResult<MessagesReading> MessagesDatabase::read(const std::string& path) {
   const SourceFiles before(path);
-  auto database = open(path);
+  auto database = open(path, Access::kLogInPlace);
   auto reading = listOf(database);
-  const bool isStale = database.ok() ? database.value().sourceChanged() : !before.unchanged();
-  if (!isStale) {
+  const bool mayBeWholeInACopy = !reading.ok() && (before.hasLog() || before.hasHotJournal());
+  if (before.unchanged() && !mayBeWholeInACopy) {
     return reading;
   }
   auto copy = open(path, Access::kPrivateCopy);

@@ -20,8 +20,8 @@ class MessagesDatabase {
  public:
   using Access = ReadOnlyDatabase::Access;
 
-  // Opens, reads the list and closes. When another program changes the file meanwhile, the list is
-  // read again from a private copy.
+  // Opens, reads the list and closes, with the log where it lies. When another program changes the
+  // files meanwhile, or has left work undone, the list is read from a private copy.
   [[nodiscard]] static DatabaseResult<MessagesReading> read(const std::string& path);
 
   // The error names the file, and the table and column that a Messages database would have.

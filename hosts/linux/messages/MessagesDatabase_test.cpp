@@ -168,6 +168,29 @@ TEST_F(MessagesDatabaseTest, ReadsADatabaseInUtf16) {
   EXPECT_EQ(reading.conversations[0].displayName, "Zoë 😀");
 }
 
+TEST_F(MessagesDatabaseTest, ReadsTheLogWithoutACopy) {
+  const std::string file = folder_.file("sms.db");
+  TestDatabase writer(file, kNewSchema);
+  writer.run("PRAGMA journal_mode = WAL; INSERT INTO chat(ROWID, guid) VALUES (3, 'SMS;-;x')");
+  const TemporaryFilesIn nowhere("/nonexistent");
+  const auto result = MessagesDatabase::read(file);
+  ASSERT_TRUE(result.ok()) << result.error().reason;
+  EXPECT_THAT(rowIDs(result.value()), ElementsAre(3));
+}
+
+TEST_F(MessagesDatabaseTest, ReadsACopyOfAFileWithAnUnfinishedTransaction) {
+  const std::string file = folder_.file("sms.db");
+  TestDatabase writer(file, kNewSchema);
+  writer.run(
+      "INSERT INTO chat(ROWID, guid) VALUES (3, 'SMS;-;x');"
+      "PRAGMA cache_size = 1; PRAGMA cache_spill = 1; BEGIN IMMEDIATE;"
+      "WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 50000)"
+      "INSERT INTO chat(ROWID, guid) SELECT i, 'SMS;-;' || i FROM n");
+  const auto result = MessagesDatabase::read(file);
+  ASSERT_TRUE(result.ok()) << result.error().reason;
+  EXPECT_THAT(rowIDs(result.value()), ElementsAre(3));
+}
+
 TEST_F(MessagesDatabaseTest, StaysOpenForReadingMoreThanTheList) {
   const std::string file = folder_.file("chat.db");
   TestDatabase(file, kNewSchema).run("INSERT INTO message(text, date) VALUES ('x', 1), ('y', 2)");
