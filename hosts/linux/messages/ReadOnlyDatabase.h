@@ -6,9 +6,9 @@
 // Access::kPrivateCopy if it says so.
 //
 // A large file that is looked at again and again should not be copied each time: with
-// Access::kLogInPlace its log is read where it lies, too, and nothing is ever copied. A file with an
-// unfinished transaction is then an error, as is an empty file whose log has everything; both are
-// read when their writer has gone on.
+// Access::kLogInPlace its log is read where it lies, too, and nothing is ever copied. A file with
+// an unfinished transaction is then an error, as is an empty file whose log has everything; both
+// are read when their writer has gone on.
 //
 // An object and its statements belong to one thread; different objects know nothing of each other.
 
