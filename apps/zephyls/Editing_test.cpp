@@ -106,7 +106,7 @@ TEST_F(EditingTest, WrongTextsAreRefusedBeforeAnythingChanges) {
   expectRefused({"edit", "Work", "--masked-text", ""}, "must not be empty", 2);
   expectRefused({"create", "\xff"}, "no valid UTF-8", 2);
   expectRefused({"edit", "Work"}, "say what to change", 2);
-  expectRefused({"edit", "Work", "--hide", "--no-hide"}, "excludes", 2);
+  expectRefused({"edit", "Work", "--hide", "--no-hide"}, "exclude each other", 2);
   expectRefused({"edit", "Nothing", "--hide"}, "no group has the title or identifier");
   expectRefused({"create", "Job", "--member", "Nobody"}, "\"Nobody\" is nobody");
   expectRefused({"delete", "--yes", "Work", "Nothing"}, "no group has the title or identifier");
@@ -149,6 +149,21 @@ TEST_F(EditingTest, OnlyOneGroupIsActive) {
   EXPECT_EQ(objects[1]["title"], "Home");
   EXPECT_EQ(group("Work")["active"], false);
   EXPECT_EQ(changed({"activate", "Home"})["change"], "unchanged");
+}
+
+// Where no safety copy can be kept, nothing is written.
+TEST_P(ReleasesTest, ASaveThatFailsIsAnErrorAndLeavesTheGroupsAsTheyWere) {
+  change({"create", "Work"});
+  write(folder_ / "state", "no folder");
+  environment_["XDG_STATE_HOME"] = (folder_ / "state").string();
+  for (const Texts& words :
+       {Texts{"create", "Job"}, Texts{"edit", "Work", "--hide"}, Texts{"disable", "Work"},
+        Texts{"activate", "Work"}, Texts{"add-member", "Work", "Ann Larkspur"}}) {
+    expectRefused(words, "Unable to save groups to disk.");
+  }
+  expectRefused({"delete", "--yes", "Work"}, "Unable to remove and save groups to disk.");
+  environment_.erase("XDG_STATE_HOME");
+  EXPECT_EQ(titles(), Texts{"Work"});
 }
 
 // Groups from elsewhere may stand where the counter is going to be.

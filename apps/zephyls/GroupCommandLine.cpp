@@ -17,10 +17,11 @@ constexpr char kTitleOrIdentifier[] = "title, exactly, or identifier";
 constexpr char kWho[] =
     "a record id, full name, phone number or e-mail address, or the GUID of a conversation";
 constexpr char kAsksForFingerprint[] =
-    "\nA protected group asks for the fingerprint, on a device that has a reader.";
+    "A protected group asks for the fingerprint, on a device that has a reader.";
 
-std::string withFingerprint(const char* help) {
-  return std::string(help) + kAsksForFingerprint;
+// Below the options in the command's help.
+void explain(CLI::App& command, const std::string& text = {}) {
+  command.footer(text + (text.empty() ? "" : "\n") + kAsksForFingerprint);
 }
 
 void addGroupOption(CLI::App& command, Options& options) {
@@ -36,15 +37,23 @@ void addText(CLI::App& command, const char* name, const char* type, std::optiona
   command.add_option(name, to, help)->type_name(type);
 }
 
-// "--NAME" and "--no-NAME".
-void addSwitch(CLI::App& command, const std::string& name, std::optional<bool>& to,
-               const char* help, const char* noHelp) {
-  CLI::Option* on = command.add_flag_callback(
-      "--" + name, [&to] { to = true; }, help);
-  command
-      .add_flag_callback(
-          "--no-" + name, [&to] { to = false; }, noHelp)
-      ->excludes(on);
+struct Flag {
+  std::string name;
+  const char* help;
+};
+
+// Two flags of which only one may be given: the first sets, the second clears.
+void addFlags(CLI::App& command, std::optional<bool>& to, const Flag& on, const Flag& off) {
+  const auto set = [&to, both = on.name + " and " + off.name](bool value) {
+    if (to) {
+      throw CLI::ValidationError(both, "exclude each other");
+    }
+    to = value;
+  };
+  command.add_flag_callback(
+      on.name, [set] { set(true); }, on.help);
+  command.add_flag_callback(
+      off.name, [set] { set(false); }, off.help);
 }
 
 void addWishes(CLI::App& command, GroupWishes& wishes) {
@@ -55,12 +64,13 @@ void addWishes(CLI::App& command, GroupWishes& wishes) {
           "a PNG, JPEG or other picture, which is stored as PNG, or none");
   addText(command, "--masked-text", "TEXT", wishes.maskedText,
           "what the lock screen shows in place of a message");
-  addSwitch(command, "protect", wishes.isProtected, "ask for the fingerprint before it is opened",
-            "open it without the fingerprint");
-  addSwitch(command, "hide", wishes.hides, "hide its conversations from the system groups",
-            "show its conversations in the system groups");
-  addSwitch(command, "mask", wishes.masks, "show the masked text on the lock screen",
-            "show its messages on the lock screen");
+  addFlags(command, wishes.isProtected,
+           {"--protect", "ask for the fingerprint before it is opened"},
+           {"--no-protect", "open it without the fingerprint"});
+  addFlags(command, wishes.hides, {"--hide", "hide its conversations from the system groups"},
+           {"--no-hide", "show its conversations in the system groups"});
+  addFlags(command, wishes.masks, {"--mask", "show the masked text on the lock screen"},
+           {"--no-mask", "show its messages on the lock screen"});
 }
 
 void addYes(CLI::App& command, Options& options) {
@@ -76,51 +86,42 @@ void addEditingCommands(CLI::App& groups, CommandTable& table, Options& options)
       "keep it, but neither show nor count it");
   create.add_option("--member", options.people, kWho)->type_name("WHO")->allow_extra_args(false);
 
-  CLI::App& edit =
-      table.add(groups, "edit", withFingerprint("change a group of the user's").c_str(), editGroup);
+  CLI::App& edit = table.add(groups, "edit", "change one of your groups", editGroup);
+  explain(edit);
   addGroupOption(edit, options);
   addText(edit, "--title", "TEXT", options.wishes.title, "the title");
   addWishes(edit, options.wishes);
 
-  CLI::App& remove = table.add(
-      groups, "delete",
-      withFingerprint("delete groups of the user's; asks first, and needs --yes in a script")
-          .c_str(),
-      deleteGroups);
+  CLI::App& remove = table.add(groups, "delete", "delete groups of yours", deleteGroups);
+  explain(remove, "Asks before it deletes, and needs --yes where there is no terminal to ask on.");
   addGroupsOption(remove, options);
   addYes(remove, options);
 
-  addGroupsOption(
-      table.add(groups, "enable",
-                withFingerprint("show and count groups, system groups too").c_str(), enableGroups),
-      options);
-  addGroupsOption(
-      table.add(groups, "disable",
-                withFingerprint("keep groups, system groups too, but neither show nor count them")
-                    .c_str(),
-                disableGroups),
-      options);
-  addGroupOption(
-      table.add(groups, "activate",
-                withFingerprint("make a group the one that is selected").c_str(), activateGroup),
-      options);
+  CLI::App& enable = table.add(groups, "enable", "show and count groups again", enableGroups);
+  explain(enable, "System groups can be enabled too.");
+  addGroupsOption(enable, options);
+  CLI::App& disable =
+      table.add(groups, "disable", "keep groups, but neither show nor count them", disableGroups);
+  explain(disable, "System groups can be disabled too.");
+  addGroupsOption(disable, options);
+  CLI::App& activate =
+      table.add(groups, "activate", "make a group the one that is selected", activateGroup);
+  explain(activate);
+  addGroupOption(activate, options);
 }
 
 void addMemberCommands(CLI::App& groups, CommandTable& table, Options& options) {
-  CLI::App& add =
-      table.add(groups, "add-member",
-                withFingerprint(
-                    "add people, addresses and conversations to a group\n"
-                    "The number or address of somebody in the address book adds that person, since "
-                    "the conversations of people who are known are found by person only.")
-                    .c_str(),
-                addMembers);
+  CLI::App& add = table.add(groups, "add-member",
+                            "add people, addresses and conversations to a group", addMembers);
+  explain(add,
+          "The number or address of somebody in the address book adds that person, since the\n"
+          "conversations of people who are known are found by person only.");
   addGroupOption(add, options);
   add.add_option("WHO", options.people, kWho)->required();
   CLI::App& remove =
-      table.add(groups, "remove-member",
-                withFingerprint("take people, addresses and conversations out of a group").c_str(),
+      table.add(groups, "remove-member", "take people, addresses and conversations out of a group",
                 removeMembers);
+  explain(remove);
   addGroupOption(remove, options);
   remove
       .add_option("WHO", options.people,
@@ -129,39 +130,31 @@ void addMemberCommands(CLI::App& groups, CommandTable& table, Options& options) 
 }
 
 void addTransferCommands(CLI::App& groups, CommandTable& table, Options& options) {
-  CLI::App& save = table.add(
-      groups, "export",
-      withFingerprint(
-          "write groups of the user's, with pictures, to a file for another device\n"
-          "Each person is written with name, numbers and addresses, so that `groups import` finds "
-          "the person in another address book. System groups are not written.")
-          .c_str(),
-      exportGroups);
+  CLI::App& save =
+      table.add(groups, "export", "write your groups, with pictures, to a file for another device",
+                exportGroups);
+  explain(save,
+          "Each person is written with name, numbers and addresses, so that `groups import` finds\n"
+          "the person in another address book. System groups are not written.");
   save.add_option("FILE", options.file, "a new file, or - for the standard output")->required();
   save.add_option("GROUP", options.groups,
-                  "only these, by title or identifier; all groups of the user's when none is "
-                  "named");
+                  "only these, by title or identifier; all when none is named");
   save.add_flag("--force", options.force, "write over a file that is there");
 
-  CLI::App& load = table.add(
-      groups, "import",
-      withFingerprint(
-          "add the groups of an exported file\n"
-          "People are found by number or address, then by full name. Of those who are not found, "
-          "the numbers and addresses become members; somebody without any is kept in the group, "
-          "exported again with it, and found by a later import when the address book has grown.")
-          .c_str(),
-      importGroups);
+  CLI::App& load = table.add(groups, "import", "add the groups of an exported file", importGroups);
+  explain(load,
+          "People are found by number or address, then by full name. Of those who are not found,\n"
+          "the numbers and addresses become members. They are listed, kept with the group and\n"
+          "exported with it, and found by a later import when the address book has grown.\n"
+          "--merge: a group of the same identifier or, failing that, the same title gets the\n"
+          "members too and stays as it is otherwise; the other groups of the file are added.\n"
+          "--replace: afterwards your groups are those of the file and no others. Asks before it\n"
+          "does so, and needs --yes where there is no terminal to ask on.");
   load.add_option("FILE", options.file, "what `groups export` wrote, or - for the standard input")
       ->required();
-  CLI::Option* merge = load.add_flag_callback(
-      "--merge", [&options] { options.importMode = ImportMode::kMerge; },
-      "a group of the same identifier or, failing that, title gets the members too and stays as it "
-      "is otherwise; other groups are added (default)");
-  load.add_flag_callback(
-          "--replace", [&options] { options.importMode = ImportMode::kReplace; },
-          "the groups of the file take the place of all groups of the user's")
-      ->excludes(merge);
+  addFlags(load, options.replaces,
+           {"--replace", "put the groups of the file in the place of yours"},
+           {"--merge", "unite the groups of the file with yours (default)"});
   load.add_flag("--dry-run,-n", options.dryRun, "show what would change, and change nothing");
   addYes(load, options);
 }
@@ -169,11 +162,11 @@ void addTransferCommands(CLI::App& groups, CommandTable& table, Options& options
 void addCopyCommands(CLI::App& groups, CommandTable& table, Options& options) {
   table.add(groups, "copies",
             "the safety copies: what the groups were before each of the last changes", listCopies);
-  table
-      .add(groups, "restore",
-           withFingerprint("go back to a safety copy; the groups of now are copied first").c_str(),
-           restoreCopy)
-      .add_option("COPY", options.copy, "a name that `groups copies` lists, or last")
+  CLI::App& restore =
+      table.add(groups, "restore", "go back to a safety copy; the groups of now are copied first",
+                restoreCopy);
+  explain(restore);
+  restore.add_option("COPY", options.copy, "a name that `groups copies` lists, or last")
       ->required();
 }
 

@@ -9,10 +9,13 @@
 #include "apps/zephyls/GroupChange.h"
 #include "apps/zephyls/GroupsDocument.h"
 #include "apps/zephyls/MemberFinder.h"
-#include "apps/zephyls/Options.h"
 #include "store/ZephylArray.h"
 
 namespace zephyl::app {
+
+// Whether groups of the file are united with their partners, or take the place of all groups of the
+// user's.
+enum class ImportMode { kMerge, kReplace };
 
 struct PlannedGroup {
   ZephylRef existing;  // null: the group is new, and `after` has no identifier

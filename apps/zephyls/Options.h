@@ -23,9 +23,6 @@ struct GroupWishes {
   std::optional<bool> enabled;
 };
 
-// How `groups import` treats the groups that are there.
-enum class ImportMode { kMerge, kReplace };
-
 struct Options {
   SourceOptions sources;
   std::string iosVersion = "14.0";
@@ -44,7 +41,7 @@ struct Options {
   std::vector<std::string> people;  // who becomes a member, or is one no longer
   std::string copy;                 // a safety copy's name, or "last"
   std::string file;                 // to export to or import from; "-" for the standard streams
-  ImportMode importMode = ImportMode::kMerge;
+  std::optional<bool> replaces;  // whether an import takes the place of the groups that are there
   bool dryRun = false;
   bool force = false;
   bool yes = false;

@@ -202,7 +202,7 @@ void tellRemarks(Output& output, const ImportPlan& plan) {
 
 void askForImport(Session& session, Output& output, const ImportPlan& plan) {
   const ZephylVector affected = plan.affected();
-  if (session.options().importMode == ImportMode::kReplace && !affected.empty()) {
+  if (session.options().replaces.value_or(false) && !affected.empty()) {
     askWhetherToGoOn(session, output,
                      "Replace " + counted(affected.size(), "group") + " of yours by " +
                          counted(plan.groups.size(), "group") + " of the file?");
@@ -262,7 +262,8 @@ int importGroups(Session& session, Output& output) {
   session.startGroups();
   const MemberFinder finder(session);
   const auto makePlan = [&] {
-    return planImport(document, pngs, storedGroups(), finder, options.importMode);
+    return planImport(document, pngs, storedGroups(), finder,
+                      options.replaces.value_or(false) ? ImportMode::kReplace : ImportMode::kMerge);
   };
   const ImportPlan expected = makePlan();
   if (options.dryRun) {
@@ -291,7 +292,8 @@ int importGroups(Session& session, Output& output) {
   }
   tellRemarks(output, expected);
   if (!failure.empty()) {
-    throw CommandError(failure + " Only what is listed was imported.");
+    throw CommandError(failure + (changes.empty() ? " Nothing was imported."
+                                                  : " Only what is listed was imported."));
   }
   return session.exitStatus();
 }

@@ -200,6 +200,13 @@ TEST_F(TransferTest, AnExportIsForTheUserAloneAndWritesOverNothing) {
   expectRefused({"export", (folder_ / "all").string(), "All"}, "\"All\" is a system group");
 }
 
+TEST_F(TransferTest, AnImportThatCannotBeSavedSaysWhatWasDone) {
+  change({"delete", "--yes", "Work", "Home"});
+  write(folder_ / "state", "no folder");
+  environment_["XDG_STATE_HOME"] = (folder_ / "state").string();
+  expectRefused({"import", file_}, "Unable to save groups to disk. Nothing was imported.");
+}
+
 TEST_F(TransferTest, TheStandardStreamsServeAsFiles) {
   const std::string text = change({"export", "-"}).out;
   change({"delete", "--yes", "Work", "Home"});
