@@ -50,7 +50,7 @@ BareBus::BareBus(const std::string& address) : address_(address) {
 }
 
 BareBus::~BareBus() {
-  QMetaObject::invokeMethod(loop_, &QEventLoop::quit, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(loop_, "quit", Qt::QueuedConnection);
   thread_.join();
   QDBusConnection::disconnectFromBus("bare server");
   QDBusConnection::disconnectFromBus("bare client");
