@@ -103,7 +103,7 @@ void useSample(const SourceOptions& options, Places& places) {
 
 }  // namespace
 
-Places placesFor(const SourceOptions& options) {
+Places placesFor(const SourceOptions& options, SampleUse sampleUse) {
   Places places;
   places.overlay = shareFolder() / "overlay";
   places.device = options.device ? fs::absolute(*options.device) : dataFolder() / "device";
@@ -112,7 +112,7 @@ Places placesFor(const SourceOptions& options) {
     places.messages = *options.messages;
   } else if (isThere(places.onDevice(kPhoneMessages))) {
     places.messages = places.onDevice(kPhoneMessages);
-  } else {
+  } else if (sampleUse == SampleUse::kAllowed) {
     useSample(options, places);
   }
   places.state = stateFolder(places.device);

@@ -34,7 +34,9 @@ struct Places {
 
 // What the options name. Without --messages: the databases of a phone that lie in the device root;
 // without those either, the sample, whose device root is put into the user's data directory the
-// first time. Throws CommandError.
-[[nodiscard]] Places placesFor(const SourceOptions& options);
+// first time. Where that is not wanted, there are no messages then. Throws CommandError.
+enum class SampleUse { kAllowed, kNever };
+[[nodiscard]] Places placesFor(const SourceOptions& options,
+                               SampleUse sampleUse = SampleUse::kAllowed);
 
 }  // namespace zephyl::app

@@ -62,9 +62,9 @@ UserData::UserData(const Places& places, Reports reports)
       reports_(std::move(reports)),
       homeRegion_(linux_host::homeRegionFor(telephoneLocale())) {}
 
-void UserData::readPeople() {
+void UserData::readPeople(linux_host::RecordIDs::Access access) {
   if (!places_.contacts.empty()) {
-    linux_host::RecordIDs ids(places_.recordIDs());
+    linux_host::RecordIDs ids(places_.recordIDs(), access);
     linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
     for (const std::string& error : reading.errors) {
       reports_.badData(error);

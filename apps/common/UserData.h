@@ -13,6 +13,7 @@
 
 #include "apps/common/Places.h"
 #include "hosts/linux/contacts/HandleMatcher.h"
+#include "hosts/linux/contacts/RecordIDs.h"
 #include "hosts/linux/sources/LinuxFavorites.h"
 
 namespace zephyl {
@@ -37,8 +38,10 @@ class UserData {
   UserData(const Places& places, Reports reports);
 
   // What cannot be read is told and left out. People whose source has no record ids get theirs in
-  // the device root.
-  void readPeople();
+  // the device root; with kReadOnly, which needs no lock, those that have none there yet get some
+  // that are good for this run.
+  void readPeople(
+      linux_host::RecordIDs::Access access = linux_host::RecordIDs::Access::kReadAndWrite);
 
   // Fills in what a device serves of them: the conversation list, empty for now, the address book,
   // the favourites (those of `favorites`, or of the device when it names none) and the form of

@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "apps/common/CommandError.h"
+#include "apps/common/ReleaseNumber.h"
 #include "apps/zephyls/CommandTable.h"
 #include "apps/zephyls/Commands.h"
 #include "apps/zephyls/GroupCommandLine.h"
@@ -15,21 +16,6 @@
 namespace zephyl::app {
 
 namespace {
-
-// A decimal number, as systems number their releases: 6.1, 12.4.1, 14.
-std::string whyNoRelease(const std::string& text) {
-  bool digit = false;
-  for (const char c : text) {
-    if (c == '.' && digit) {
-      digit = false;
-    } else if (c >= '0' && c <= '9') {
-      digit = true;
-    } else {
-      return "not a release number such as 12.4.1: " + text;
-    }
-  }
-  return digit ? std::string() : "not a release number such as 12.4.1: " + text;
-}
 
 void addSourceOptions(CLI::App& app, Options& options) {
   app.add_option("--messages", options.sources.messages, "Messages database: sms.db or chat.db")
