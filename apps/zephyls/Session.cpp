@@ -16,6 +16,7 @@
 #include "apps/springboard/GroupsService.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/SessionLog.h"
+#include "apps/zephyls/ShellMessagingCenter.h"
 #include "hosts/linux/InProcessMessagingCenter.h"
 #include "hosts/linux/Languages.h"
 #include "hosts/linux/LinuxDevice.h"
@@ -132,10 +133,16 @@ void Session::startDevice() {
   serveFingerprint(options);
   options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
   options.safety = safetyOfGroups(places_.state.string(), options.deviceRoot);
+  const bool hasShell =
+      reachShell(options, [this](const std::string& message) { output_.complain(message); });
   userData_.serveBy(options, options_.sources.favorites);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
   install(*device_);
   serveGroups(device_->messageServers());
+  if (hasShell) {
+    // Mends what an interrupted save left, of which the shell would tell only its log.
+    static_cast<void>(device_->files().contentsAtPath(kGroupsFilePath));
+  }
   writeFirstSettings();
 }
 
