@@ -73,7 +73,7 @@ void compare(const std::vector<const Dictionary*>& before,
   }
 }
 
-Changes changesBetween(Groups before, Groups after) {
+Changes changesBetween(const Groups& before, Groups after) {
   Changes changes;
   for (const auto& [identifier, groups] : before) {
     compare(groups, after[identifier], changes);

@@ -25,6 +25,11 @@ class CopiesTest : public ProgramTest {
     EXPECT_EQ(result.status, 0) << result.errors;
     return result.objects();
   }
+  [[nodiscard]] Json newestCopy() const {
+    const auto listed = copies();
+    EXPECT_FALSE(listed.empty());
+    return listed.empty() ? Json{{"name", "none"}} : listed.front();
+  }
   [[nodiscard]] fs::path copiesFolder() const {
     for (const auto& entry : fs::directory_iterator(folder_ / ".local/state/zephyls/copies")) {
       return entry.path();
@@ -60,12 +65,12 @@ TEST_F(CopiesTest, ACopyBringsBackWhatWasDeletedWhicheverWayGroupsTravel) {
     const std::string before = read(groups_);
     EXPECT_EQ(runOwn({"--ios", release, "groups", "delete", "Work", "--yes"}).status, 0);
     const std::string deleted = read(groups_);
-    const std::string name = copies()[0]["name"];
+    const std::string name = newestCopy()["name"];
     const auto result = runOwn({"--ios", release, "groups", "restore", name, "--json"});
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_EQ(result.objects()[0], (Json{{"name", name}, {"groups", 6}}));
+    EXPECT_EQ(result.objects(), std::vector{Json({{"name", name}, {"groups", 6}})}) << release;
     EXPECT_EQ(read(groups_), before) << release;
-    EXPECT_EQ(copies()[0]["reason"], "before restoring " + name) << release;
+    EXPECT_EQ(newestCopy()["reason"], "before restoring " + name) << release;
     // The way back.
     EXPECT_EQ(runOwn({"--ios", release, "groups", "restore", "last"}).status, 0);
     EXPECT_EQ(read(groups_), deleted) << release;
@@ -77,7 +82,7 @@ TEST_F(CopiesTest, ACopyThatIsNotThereOrDamagedChangesNothing) {
   EXPECT_EQ(runOwn({"groups", "restore", "last"}).status, 1);
   create("Work");
   const std::string before = read(groups_);
-  const std::string name = copies()[0]["name"];
+  const std::string name = newestCopy()["name"];
   write(copiesFolder() / (name + ".plist"), "<plist><array>");
   for (const std::string& copy :
        {name, std::string("last"), std::string("nothing"), "../copies/" + name, std::string("")}) {
@@ -86,7 +91,7 @@ TEST_F(CopiesTest, ACopyThatIsNotThereOrDamagedChangesNothing) {
     EXPECT_NE(result.errors, "");
   }
   EXPECT_EQ(read(groups_), before);
-  EXPECT_TRUE(copies()[0]["groups"].is_null());
+  EXPECT_TRUE(newestCopy()["groups"].is_null());
   EXPECT_NE(runOwn({"groups", "copies"}).out.find("damaged"), std::string::npos);
 }
 

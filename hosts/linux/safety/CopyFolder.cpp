@@ -10,6 +10,7 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <tuple>
 #include <utility>
 
 #include "hosts/linux/safety/WriteJournal.h"
@@ -29,7 +30,7 @@ struct CopyName {
   std::string stamp;  // "20261121-101500-250"
   int number = 1;
 
-  friend auto operator<=>(const CopyName&, const CopyName&) = default;
+  friend bool operator==(const CopyName&, const CopyName&) = default;
 
   [[nodiscard]] std::string text() const {
     return number == 1 ? stamp : stamp + "-" + std::to_string(number);
@@ -115,7 +116,9 @@ std::vector<CopyName> copyNamesIn(const std::string& folder) {
       copies.push_back(std::move(*name));
     }
   }
-  std::sort(copies.begin(), copies.end(), std::greater<>());
+  std::sort(copies.begin(), copies.end(), [](const CopyName& left, const CopyName& right) {
+    return std::tie(left.stamp, left.number) > std::tie(right.stamp, right.number);
+  });
   return copies;
 }
 

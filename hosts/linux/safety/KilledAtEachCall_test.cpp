@@ -20,6 +20,7 @@ class TracedProgram {
   explicit TracedProgram(const std::vector<std::string>& words) : process_(::fork()) {
     if (process_ == 0) {
       std::vector<char*> pointers;
+      pointers.reserve(words.size() + 1);
       for (const std::string& word : words) {
         pointers.push_back(const_cast<char*>(word.c_str()));
       }
