@@ -94,7 +94,7 @@ TEST_F(FprintFailuresTest, AServiceThatGoesAwayEndsTheCheck) {
   FprintMock mock(bus_.address());
   FprintAuthentication reader(options());
   const AskedCheck check(reader, "Open");
-  ASSERT_TRUE(mock.waitForCall("VerifyStart(any)"));
+  ASSERT_TRUE(waitForQuestion());
   mock.vanish();
   EXPECT_EQ(check.answer().code, -4);
 }
@@ -103,7 +103,7 @@ TEST_F(FprintFailuresTest, ABusThatGoesAwayEndsTheCheck) {
   FprintMock mock(bus_.address());
   FprintAuthentication reader(options());
   const AskedCheck check(reader, "Open");
-  ASSERT_TRUE(mock.waitForCall("VerifyStart(any)"));
+  ASSERT_TRUE(waitForQuestion());
   bus_.kill();
   EXPECT_EQ(check.answer().code, -4);
 }
