@@ -93,7 +93,7 @@ bool isNothing(const GroupWishes& wishes) {
 }
 
 ZephylRef userGroupNamed(Session& session, const std::string& name, const char* what) {
-  const ZephylRef group = session.groupNamed(name);
+  ZephylRef group = session.groupNamed(name);
   if (group->isSystem()) {
     throw CommandError("\"" + group->title() + "\" is a system group, which cannot be " + what);
   }
@@ -182,7 +182,7 @@ int createGroup(Session& session, Output& output) {
       storePicture(group, *wishes.png);
       change.hasNewPicture = true;
     }
-    locked.add(group);
+    locked.add({group});
     change.group = group;
     change.after = group->dictionaryRepresentation();
   }

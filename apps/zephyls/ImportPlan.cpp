@@ -130,7 +130,7 @@ class Planner {
   void finish(Dictionary& after, const std::string& title, const ImportedMembers& members) {
     setUnresolvedMembers(after, members.unresolved);
     for (const std::string& remark : members.remarks) {
-      remarks_.push_back("\"" + title + "\": " + remark);
+      remarks_.push_back(std::string("\"").append(title).append("\": ").append(remark));
     }
   }
 

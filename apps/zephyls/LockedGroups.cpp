@@ -9,6 +9,7 @@
 #include "apps/common/CommandError.h"
 #include "apps/zephyls/Consent.h"
 #include "apps/zephyls/Session.h"
+#include "model/ZPLocalizedText.h"
 #include "model/ZephylKeys.h"
 #include "store/ZephylsDataController.h"
 
@@ -70,7 +71,7 @@ ZephylRef LockedGroups::find(std::int64_t identifier) const {
 }
 
 ZephylRef LockedGroups::current(const ZephylRef& known) const {
-  const ZephylRef stored = find(known->identifier());
+  ZephylRef stored = find(known->identifier());
   if (stored == nullptr) {
     throw CommandError("another program has deleted the group \"" + known->title() +
                        "\"; nothing was changed");
@@ -88,10 +89,16 @@ void LockedGroups::giveFreeIdentifier(const ZephylRef& group) const {
   }
 }
 
-void LockedGroups::add(const ZephylRef& group) {
-  Outcome outcome;
-  ZephylsDataController::sharedInstance()->addZephyl(group, nullptr, outcome.failure());
-  outcome.throwFailure();
+void LockedGroups::add(const ZephylVector& groups) {
+  const auto store = ZephylsDataController::sharedInstance();
+  if (groups.size() == 1) {
+    Outcome outcome;
+    store->addZephyl(groups.front(), nullptr, outcome.failure());
+    outcome.throwFailure();
+  } else if (!groups.empty() && !store->saveAllNewGroupsToDisk(groups, /*postNotification=*/true,
+                                                               kZephylAddedNotification)) {
+    throw CommandError(zpLocalizedText("Unable to save groups to disk."));
+  }
 }
 
 void LockedGroups::update(const ZephylVector& groups) {

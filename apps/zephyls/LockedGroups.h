@@ -34,8 +34,9 @@ class LockedGroups {
   // behind the groups when these came from elsewhere.
   void giveFreeIdentifier(const ZephylRef& group) const;
 
-  // One operation of the store each.
-  void add(const ZephylRef& group);
+  // One operation of the store each, which saves all groups: once for several that are added or
+  // removed, once for each that is updated.
+  void add(const ZephylVector& groups);
   void update(const ZephylVector& groups);
   void remove(const ZephylVector& groups);
 

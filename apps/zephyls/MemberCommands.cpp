@@ -20,7 +20,7 @@ namespace zephyl::app {
 namespace {
 
 ZephylRef groupWithMembers(Session& session) {
-  const ZephylRef group = session.groupNamed(session.options().group.value_or(""));
+  ZephylRef group = session.groupNamed(session.options().group.value_or(""));
   if (group->isSystem()) {
     throw CommandError("\"" + group->title() +
                        "\" is a system group, which has no members of its own");

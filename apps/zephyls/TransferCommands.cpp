@@ -132,37 +132,40 @@ std::vector<std::string> checkedPictures(const std::vector<TransferredGroup>& do
   return pngs;
 }
 
-// Carries a plan out, one group after the other, those that are to go last of all.
+// Carries a plan out: what is changed one group after the other, what is new at once, and last of
+// all what goes, so that whatever fails nothing is lost.
 class Import {
  public:
   Import(LockedGroups& locked, const ImportPlan& plan) : locked_(locked), plan_(plan) {}
 
   void run() {
-    for (const PlannedGroup& group : plan_.groups) {
-      store(group);
+    ZephylVector added;
+    std::vector<GroupChange> creations;
+    for (const PlannedGroup& planned : plan_.groups) {
+      GroupChange change = planned.change();
+      change.group = change.isAny() ? madeFrom(planned) : planned.existing;
+      change.after = change.group->dictionaryRepresentation();
+      if (planned.existing == nullptr) {
+        added.push_back(change.group);
+        creations.push_back(std::move(change));
+        continue;
+      }
+      if (change.isAny()) {
+        locked_.update({change.group});
+      }
+      changes_.push_back(std::move(change));
     }
-    if (plan_.deleted.empty()) {
-      return;
-    }
-    std::vector<GroupChange> gone;
-    for (const ZephylRef& group : plan_.deleted) {
-      gone.push_back({group->dictionaryRepresentation(), {}, nullptr});
-    }
-    locked_.remove(plan_.deleted);
-    changes_.insert(changes_.end(), gone.begin(), gone.end());
+    locked_.add(added);
+    append(creations);
+    remove();
   }
 
   [[nodiscard]] const std::vector<GroupChange>& changes() const { return changes_; }
 
  private:
-  void store(const PlannedGroup& planned) {
-    GroupChange change = planned.change();
-    if (!change.isAny()) {
-      change.group = planned.existing;
-      changes_.push_back(std::move(change));
-      return;
-    }
-    // A fresh identifier when the dictionary has none.
+  // The group with its picture, not saved yet.
+  [[nodiscard]] ZephylRef madeFrom(const PlannedGroup& planned) const {
+    // Takes a fresh identifier when the dictionary has none.
     const auto group = std::make_shared<Zephyl>(planned.after);
     if (planned.existing == nullptr) {
       locked_.giveFreeIdentifier(group);
@@ -170,14 +173,24 @@ class Import {
     if (!planned.png.empty()) {
       storePicture(group, planned.png);
     }
-    if (planned.existing == nullptr) {
-      locked_.add(group);
-    } else {
-      locked_.update({group});
+    return group;
+  }
+
+  void remove() {
+    if (plan_.deleted.empty()) {
+      return;
     }
-    change.group = group;
-    change.after = group->dictionaryRepresentation();
-    changes_.push_back(std::move(change));
+    std::vector<GroupChange> gone;
+    gone.reserve(plan_.deleted.size());
+    for (const ZephylRef& group : plan_.deleted) {
+      gone.push_back({group->dictionaryRepresentation(), {}, nullptr});
+    }
+    locked_.remove(plan_.deleted);
+    append(gone);
+  }
+
+  void append(const std::vector<GroupChange>& changes) {
+    changes_.insert(changes_.end(), changes.begin(), changes.end());
   }
 
   LockedGroups& locked_;
