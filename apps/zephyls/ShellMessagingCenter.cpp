@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "apps/common/ReadBeforeSave.h"
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/SessionBusAddress.h"
 #include "hosts/linux/bus/BusNotifications.h"
@@ -67,8 +68,10 @@ bool reachShell(linux_host::DeviceOptions& options, ShellMessagingCenter::Tell t
     ShellStart::Options start;
     start.program = shellBesideThisProgram();
     start.iosVersion = version;
-    return std::make_unique<ShellMessagingCenter>(bus, address, std::move(start), inProcess, log,
-                                                  tell);
+    return std::make_unique<ReadBeforeSave>(
+        std::make_unique<ShellMessagingCenter>(bus, address, std::move(start), inProcess, log,
+                                               tell),
+        log);
   };
   options.makeNotifications = [bus, address](Dispatch& dispatch, SystemLog& log) {
     return std::make_unique<linux_host::BusNotifications>(bus, address.notifications, dispatch,
