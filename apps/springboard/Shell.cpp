@@ -35,12 +35,12 @@ Places existing(Places places) {
   return places;
 }
 
-// Ends the event loop with that status.
+// Ends the event loop with an error. A timer, whose start is a slot.
 class Loss : public QTimer {
  public:
-  explicit Loss(int status) {
+  Loss() {
     setSingleShot(true);
-    QObject::connect(this, &QTimer::timeout, this, [status] { QCoreApplication::exit(status); });
+    QObject::connect(this, &QTimer::timeout, this, [] { QCoreApplication::exit(kBadData); });
   }
 };
 
@@ -118,6 +118,19 @@ void Shell::announce(const std::string& busAddress) {
   announcements_->start();
 }
 
+bool Shell::isFirst() {
+  using linux_host::MessageCenterService;
+  service_ = std::make_unique<MessageCenterService>(
+      bus_, address_.center, log_,
+      MessageCenterService::Options{
+          .device = address_.device, .userOf = {}, .afterRequest = [this] { restartIdleTimer(); }});
+  const auto claim = service_->claimName();
+  if (claim == MessageCenterService::Claim::kFailed) {
+    throw CommandError("the message bus does not give the name " + address_.center.service);
+  }
+  return claim == MessageCenterService::Claim::kOwned;
+}
+
 int Shell::run() {
   const StopSignals stopSignals([] { QCoreApplication::exit(kSuccess); });
   const auto busAddress = linux_host::sessionBusAddress();
@@ -125,19 +138,11 @@ int Shell::run() {
   if (!busAddress || !bus_->wasConnected()) {
     throw CommandError("there is no message bus of the session to serve on");
   }
-  service_ = std::make_unique<linux_host::MessageCenterService>(
-      bus_, address_.center, log_,
-      linux_host::MessageCenterService::Options{
-          .device = address_.device, .userOf = {}, .afterRequest = [this] { restartIdleTimer(); }});
-  const auto claim = service_->claimName();
-  if (claim == linux_host::MessageCenterService::Claim::kTaken) {
+  if (!isFirst()) {
     std::cerr << "zephyls-springboard: " << address_.device << " is served already\n";
     return kSuccess;
   }
-  if (claim == linux_host::MessageCenterService::Claim::kFailed) {
-    throw CommandError("the message bus does not give the name " + address_.center.service);
-  }
-  Loss loss(kBadData);
+  Loss loss;
   bus_->notifyOfLoss(&loss, SLOT(start()));
   makeDevice();
   serveGroups(*service_);
@@ -145,12 +150,11 @@ int Shell::run() {
     announce(*busAddress);
   }
   restartIdleTimer();
-  const int status = QCoreApplication::exec();
-  if (status == kBadData || !bus_->isConnected()) {
+  if (QCoreApplication::exec() != kSuccess || !bus_->isConnected()) {
     throw CommandError("the message bus has gone");
   }
   service_->release();
-  return status;
+  return kSuccess;
 }
 
 }  // namespace zephyl::app

@@ -40,6 +40,8 @@ class Shell {
   [[nodiscard]] int run();
 
  private:
+  // Whether the device is this process's to serve.
+  [[nodiscard]] bool isFirst();
   void makeDevice();
   void announce(const std::string& busAddress);
   void restartIdleTimer();

@@ -90,7 +90,7 @@ ShellStart::Presence ShellStart::presence() {
 std::optional<std::string> ShellStart::whyNotServed() {
   Presence found = presence();
   if (found == Presence::kAbsent) {
-    if (const auto reason = startByBus() ? std::nullopt : whyNotStarted()) {
+    if (auto reason = startByBus() ? std::nullopt : whyNotStarted()) {
       return reason;
     }
     found = presence();

@@ -56,7 +56,7 @@ BusMessagingCenter::Answer BusMessagingCenter::ask(const std::string& name,
   message << QString::fromStdString(name)
           << QByteArray(reinterpret_cast<const char*>(bytes->data()),
                         static_cast<qsizetype>(bytes->size()));
-  const QDBusMessage answer = bus_->call(std::move(message), limits_.wait);
+  const QDBusMessage answer = bus_->call(message, limits_.wait);
   if (saysNobodyServes(answer)) {
     return {false, std::nullopt};
   }

@@ -55,7 +55,7 @@ QDBusMessage SessionBus::callBus(const QString& method, const QVariantList& argu
                                  std::chrono::milliseconds limit) {
   QDBusMessage message = QDBusMessage::createMethodCall(kBusService, kBusPath, kBusService, method);
   message.setArguments(arguments);
-  return call(std::move(message), limit);
+  return call(message, limit);
 }
 
 bool SessionBus::flush(std::chrono::milliseconds limit) {
