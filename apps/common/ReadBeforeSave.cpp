@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/foundation/Dictionary.h"
 #include "platform/foundation/SystemLog.h"
 
 #include "model/ZephylKeys.h"
@@ -20,7 +21,8 @@ std::optional<Dictionary> ReadBeforeSave::sendMessageAndReceiveReplyName(
   }
   auto reply = center_->sendMessageAndReceiveReplyName(center, name, userInfo);
   if (isOfGroups && name == kGetGroupsMessage) {
-    wasUnanswered_ = !reply;
+    const Value groups = reply ? (*reply)[kServiceMessageData] : Value();
+    wasUnanswered_ = !reply || (!groups.isNull() && groups.ifArray() == nullptr);
   }
   return reply;
 }

@@ -23,7 +23,8 @@ class ReadBeforeSave : public CPDistributedMessagingCenter {
   ReadBeforeSave(std::unique_ptr<CPDistributedMessagingCenter> center, SystemLog& log);
 
   // As the center's own. But groups are not sent to be saved while the last request for them had no
-  // reply: there is no reply then either, and a line in the log.
+  // reply, or one with something else: there is no reply then either, and a line in the log. A
+  // reply without groups counts, since there may be none.
   std::optional<Dictionary> sendMessageAndReceiveReplyName(const std::string& center,
                                                            const std::string& name,
                                                            const Dictionary* userInfo) override;

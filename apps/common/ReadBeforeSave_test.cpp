@@ -21,10 +21,11 @@ class Owner : public CPDistributedMessagingCenter {
       const std::string& /*center*/, const std::string& name,
       const Dictionary* /*userInfo*/) override {
     asked_.push_back(name);
-    return isThere_ ? std::optional(Dictionary()) : std::nullopt;
+    return isThere_ ? std::optional(reply_) : std::nullopt;
   }
 
   bool isThere_ = true;
+  Dictionary reply_;
   std::vector<std::string> asked_;
 };
 
@@ -57,6 +58,15 @@ TEST_F(ReadBeforeSaveTest, OnceTheGroupsWereReadTheyAreSaved) {
   EXPECT_TRUE(send(kGetGroupsMessage));
   EXPECT_TRUE(send(kSaveGroupsMessage));
   EXPECT_TRUE(log_.lines().empty());
+}
+
+TEST_F(ReadBeforeSaveTest, AReplyWithSomethingElseIsNone) {
+  owner_.reply_ = Dictionary{{kServiceMessageData, "text"}};
+  EXPECT_TRUE(send(kGetGroupsMessage));
+  EXPECT_FALSE(send(kSaveGroupsMessage));
+  owner_.reply_ = Dictionary{{kServiceMessageData, Array{}}};
+  EXPECT_TRUE(send(kGetGroupsMessage));
+  EXPECT_TRUE(send(kSaveGroupsMessage));
 }
 
 TEST_F(ReadBeforeSaveTest, OtherMessagesAndCentersAreLeftAlone) {

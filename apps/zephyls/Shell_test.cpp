@@ -2,10 +2,12 @@
 // without where there is none.
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -206,6 +208,30 @@ TEST_F(WithShellTest, AServiceThatAnswersNonsenseIsAnError) {
   const ProgramResult result = groups({"list"});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.errors, HasSubstr("cannot"));
+}
+
+// As when the shell ends between two messages: what was not read must not count as no groups.
+TEST_F(WithShellTest, GroupsThatWereNotReadAreNotSavedOver) {
+  linux_host::MessageCenterService::Options options;
+  options.device = device_.string();
+  linux_host::TestServer shaky(bus_.address(), address().center, log_, std::move(options));
+  std::atomic<int> asked = 0;
+  std::atomic<int> saved = 0;
+  shaky.answer("com.vantor.zephyls", "com.vantor.zephyls.groups.get", [&](const Dictionary*) {
+    const Array groups{Dictionary{{"identifier", 7}, {"title", "Work"}, {"enabled", true}}};
+    return ++asked == 2 ? std::nullopt
+                        : std::optional(Dictionary{{"ZephylsServiceMessageData", groups}});
+  });
+  shaky.answer("com.vantor.zephyls", "com.vantor.zephyls.groups.save", [&](const Dictionary*) {
+    ++saved;
+    return Dictionary{{"ZephylsServiceMessageData", true}};
+  });
+  const ProgramResult result = groups({"list"});
+  EXPECT_GE(asked, 2);
+  EXPECT_EQ(saved, 0);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("could not be read before"));
+  EXPECT_THAT(result.out, HasSubstr("Work"));
 }
 
 TEST_F(WithShellTest, WithoutTheShellsProgramTheGroupsAreUsedWithALine) {
