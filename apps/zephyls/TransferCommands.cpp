@@ -166,7 +166,7 @@ class Import {
   // The group with its picture, not saved yet.
   [[nodiscard]] ZephylRef madeFrom(const PlannedGroup& planned) const {
     // Takes a fresh identifier when the dictionary has none.
-    const auto group = std::make_shared<Zephyl>(planned.after);
+    auto group = std::make_shared<Zephyl>(planned.after);
     if (planned.existing == nullptr) {
       locked_.giveFreeIdentifier(group);
     }
