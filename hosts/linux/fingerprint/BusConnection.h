@@ -13,11 +13,6 @@ namespace zephyl::linux_host {
 // Where the environment, or else the custom of the system, says that the system bus is.
 [[nodiscard]] std::string systemBusAddress();
 
-// Whether a bus says anything at the address within the limit. The library for the bus waits half a
-// minute for one that hangs, and stops all others of the process meanwhile. An address of a kind
-// other than a Unix socket counts as one that answers.
-[[nodiscard]] bool busAnswers(const std::string& address, std::chrono::milliseconds limit);
-
 class BusConnection {
  public:
   // Any thread. Not connected when the bus does not answer within the limit.
