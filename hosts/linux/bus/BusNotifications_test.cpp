@@ -2,8 +2,11 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <atomic>
+#include <future>
 #include <memory>
 #include <string>
+#include <thread>
 
 #include "hosts/linux/LinuxDispatch.h"
 #include "hosts/linux/bus/BusTest.h"
@@ -82,6 +85,24 @@ TEST_F(BusNotificationsTest, WhatIsPostedGoesOutBeforeTheProgramEnds) {
   observe(*observer, "x");
   program()->post("changed");
   EXPECT_TRUE(dispatch_.runMainUntil([&] { return heard_ == "x"; }, 10s));
+}
+
+TEST_F(BusNotificationsTest, TheEndWaitsUntilTheBusHasWhatWasPosted) {
+  auto poster = program();
+  poster->post("first");
+  bus_.freeze();
+  poster->post("changed");
+  std::atomic<bool> isFrozen = true;
+  std::promise<void> ended;
+  std::thread thawing([&] {
+    EXPECT_EQ(ended.get_future().wait_for(50ms), std::future_status::timeout);
+    isFrozen = false;
+    bus_.thaw();
+  });
+  poster.reset();
+  EXPECT_FALSE(isFrozen);
+  ended.set_value();
+  thawing.join();
 }
 
 TEST_F(BusNotificationsTest, SignalsOfAnotherFormAreNotHeard) {
