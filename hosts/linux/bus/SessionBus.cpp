@@ -17,7 +17,7 @@ constexpr char kBusPath[] = "/org/freedesktop/DBus";
 
 QString freshName() {
   static std::atomic<std::uint64_t> last = 0;
-  return QString("zephyls %1").arg(++last);
+  return QString("zephyls session bus %1").arg(++last);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
 
 QString freshName() {
   static std::atomic<int> made = 0;
-  return QStringLiteral("zephyls %1").arg(++made);
+  return QStringLiteral("zephyls fingerprint %1").arg(++made);
 }
 
 QDBusConnection connectionTo(const std::string& address, const QString& name,

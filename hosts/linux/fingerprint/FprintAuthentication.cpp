@@ -15,14 +15,6 @@ namespace {
 
 constexpr std::chrono::seconds kAnswerLife{1};
 
-// Nothing was begun yet that the system could cancel.
-std::optional<NSError> beforeACheck(std::optional<NSError> error) {
-  if (error && error->code() == kSystemCancel) {
-    return fingerprintError(kBiometryNotAvailable, error->localizedDescription());
-  }
-  return error;
-}
-
 FprintOptions completed(FprintOptions options) {
   if (!options.now) {
     options.now = std::chrono::steady_clock::now;
@@ -42,7 +34,7 @@ bool FprintAuthentication::canEvaluatePolicy(LAPolicy /*policy*/, NSError* error
   const std::uint64_t checks = service_->checksEnded();
   const auto now = options_.now();
   if (!last_ || last_->checks != checks || now - last_->time >= kAnswerLife) {
-    std::optional<NSError> whyNot = beforeACheck(whyNoCheck());
+    std::optional<NSError> whyNot = whyNoCheck();
     last_ = Answer{options_.now(), std::move(whyNot), checks};
   }
   if (last_->whyNot && error != nullptr) {
@@ -63,12 +55,9 @@ std::optional<NSError> FprintAuthentication::whyNoCheck() const {
                                  static_cast<int>(std::max<qint64>(1, deadline.remainingTime())));
   };
   const QDBusMessage found = answerTo(defaultReaderCall());
-  if (found.type() != QDBusMessage::ReplyMessage) {
-    return errorIn(found);
-  }
   const std::optional<FprintReader> reader = readerIn(found);
   return reader ? whyNoFingers(answerTo(readerCall(*reader, "ListEnrolledFingers", "")))
-                : nonsenseError();
+                : absenceIn(found);
 }
 
 void FprintAuthentication::evaluatePolicy(LAPolicy /*policy*/, const std::string& localizedReason,

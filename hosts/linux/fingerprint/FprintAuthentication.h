@@ -30,8 +30,10 @@ class FprintAuthentication : public LAContext {
   FprintAuthentication(const FprintAuthentication&) = delete;
   FprintAuthentication& operator=(const FprintAuthentication&) = delete;
 
-  // Not longer than the limit for an answer and a little, after which there is no reader. Answers
-  // are kept for a second or until a check ends, since a list of groups asks for each group.
+  // Only what is known to be missing makes it false: a bus, the service, a reader, an enrolled
+  // finger. A reader that is forbidden, locked out or does not answer is there, and the check then
+  // fails: "no" would open what it protects. Takes the limit for an answer and a little at most.
+  // Answers are kept for a second or until a check ends, since a list of groups asks for each.
   bool canEvaluatePolicy(LAPolicy policy, NSError* error) override;
 
   // One check at a time, in the order asked. The error has the phone's domain and codes, and a

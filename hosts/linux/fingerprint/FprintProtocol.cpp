@@ -3,6 +3,7 @@
 #include <QDBusObjectPath>
 #include <QStringList>
 #include <QVariant>
+#include <algorithm>
 #include <array>
 
 #include "hosts/linux/ScriptedAuthentication.h"
@@ -15,13 +16,14 @@ struct KnownError {
   const char* name;
   std::int64_t code;
   const char* sentence;
+  bool isAbsence = false;  // there is nothing to make a check with
 };
 
 constexpr std::array kKnownErrors{
     KnownError{"net.reactivated.Fprint.Error.NoSuchDevice", kBiometryNotAvailable,
-               "There is no fingerprint reader."},
+               "There is no fingerprint reader.", /*isAbsence=*/true},
     KnownError{"net.reactivated.Fprint.Error.NoEnrolledPrints", kBiometryNotEnrolled,
-               "No finger of yours is enrolled."},
+               "No finger of yours is enrolled.", /*isAbsence=*/true},
     KnownError{"net.reactivated.Fprint.Error.AlreadyInUse", kBiometryNotAvailable,
                "Another program is using the fingerprint reader."},
     KnownError{"net.reactivated.Fprint.Error.PermissionDenied", kBiometryNotAvailable,
@@ -29,9 +31,9 @@ constexpr std::array kKnownErrors{
     KnownError{"org.freedesktop.DBus.Error.AccessDenied", kBiometryNotAvailable,
                "You may not use the fingerprint reader here."},
     KnownError{"org.freedesktop.DBus.Error.ServiceUnknown", kBiometryNotAvailable,
-               "There is no fingerprint service."},
+               "There is no fingerprint service.", /*isAbsence=*/true},
     KnownError{"org.freedesktop.DBus.Error.NameHasNoOwner", kBiometryNotAvailable,
-               "There is no fingerprint service."},
+               "There is no fingerprint service.", /*isAbsence=*/true},
     KnownError{"org.freedesktop.DBus.Error.Disconnected", kSystemCancel,
                "The system bus went away."},
     KnownError{"org.freedesktop.DBus.Error.NoReply", kSystemCancel,
@@ -95,17 +97,18 @@ NSError errorIn(const QDBusMessage& answer) {
                                                      answer.errorMessage().toStdString());
 }
 
+std::optional<NSError> absenceIn(const QDBusMessage& answer) {
+  const bool isAbsence = std::any_of(
+      kKnownErrors.begin(), kKnownErrors.end(),
+      [&](const KnownError& known) { return known.isAbsence && answer.errorName() == known.name; });
+  return isAbsence ? std::optional(errorIn(answer)) : std::nullopt;
+}
+
 std::optional<NSError> whyNoFingers(const QDBusMessage& answer) {
-  if (answer.type() != QDBusMessage::ReplyMessage) {
-    return errorIn(answer);
-  }
-  if (answer.signature() != "as") {
-    return nonsenseError();
-  }
-  if (answer.arguments().constFirst().toStringList().isEmpty()) {
+  if (answer.signature() == "as" && answer.arguments().constFirst().toStringList().isEmpty()) {
     return fingerprintError(kBiometryNotEnrolled, "No finger of yours is enrolled.");
   }
-  return std::nullopt;
+  return absenceIn(answer);
 }
 
 NSError nonsenseError() {

@@ -39,7 +39,11 @@ struct FprintReader {
 // The reader that `defaultReaderCall` found; nothing when the answer makes no sense.
 [[nodiscard]] std::optional<FprintReader> readerIn(const QDBusMessage& answer);
 
-// Why the answer to ListEnrolledFingers does not let a check begin; nothing when it names a finger.
+// What the answer says to be missing: the service, a reader or a finger. Nothing for any other
+// answer, whatever error it is.
+[[nodiscard]] std::optional<NSError> absenceIn(const QDBusMessage& answer);
+
+// The same of an answer to ListEnrolledFingers, which may also name no finger.
 [[nodiscard]] std::optional<NSError> whyNoFingers(const QDBusMessage& answer);
 
 // What an answer that is an error means. kSystemCancel for one that says that the service went
