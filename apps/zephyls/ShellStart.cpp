@@ -120,7 +120,7 @@ std::optional<std::string> ShellStart::whyNotStarted() {
   const auto start = std::chrono::steady_clock::now();
   while (presence() == Presence::kAbsent) {
     if (hasFailed()) {
-      return options_.program.string() + " failed";
+      return options_.program.string() + " failed; run it by itself to see why";
     }
     if (std::chrono::steady_clock::now() - start > options_.limit) {
       kill(process_, SIGTERM);
