@@ -44,7 +44,7 @@ class DesktopNotices {
   explicit DesktopNotices(Options options);
 
   // What still waits is dropped. Returns at once, but for a bus that accepts a connection and then
-  // is silent: up to 25 seconds.
+  // is silent: up to a second.
   ~DesktopNotices();
   DesktopNotices(const DesktopNotices&) = delete;
   DesktopNotices& operator=(const DesktopNotices&) = delete;

@@ -7,8 +7,10 @@
 #include <QVariantMap>
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <utility>
 
+#include "hosts/linux/bus/BusProbe.h"
 #include "hosts/linux/notices/NoticeText.h"
 
 namespace zephyl::linux_host {
@@ -17,6 +19,7 @@ namespace {
 constexpr char kService[] = "org.freedesktop.Notifications";
 constexpr char kPath[] = "/org/freedesktop/Notifications";
 constexpr int kMillisecondsForAnAnswer = 10'000;
+constexpr auto kLongestProbe = std::chrono::seconds(1);
 constexpr std::size_t kMostShown = 1000;
 
 // A connection of its own, which nobody else closes.
@@ -86,6 +89,11 @@ bool DesktopNotices::Sender::connect() {
   disconnect();
   if (options_.busAddress.empty()) {
     fail("there is no session bus");
+    return false;
+  }
+  // Whoever ends this program waits for what is done here.
+  if (!busAnswers(options_.busAddress, kLongestProbe)) {
+    fail("the session bus does not answer");
     return false;
   }
   connectionName_ = freshConnectionName();
