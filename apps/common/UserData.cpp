@@ -1,5 +1,6 @@
 #include "apps/common/UserData.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <utility>
@@ -13,6 +14,7 @@
 #include "hosts/common/FilteredConversationList.h"
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/contacts/ContactSources.h"
+#include "hosts/linux/contacts/ContactStamps.h"
 #include "hosts/linux/contacts/FavoritesFile.h"
 #include "hosts/linux/contacts/HomeRegion.h"
 #include "hosts/linux/contacts/PhoneFormatter.h"
@@ -62,17 +64,47 @@ UserData::UserData(const Places& places, Reports reports)
       reports_(std::move(reports)),
       homeRegion_(linux_host::homeRegionFor(telephoneLocale())) {}
 
-void UserData::readPeople(linux_host::RecordIDs::Access access) {
-  if (!places_.contacts.empty()) {
-    linux_host::RecordIDs ids(places_.recordIDs(), access);
-    linux_host::ContactsReading reading = linux_host::readContacts(places_.contacts, ids);
-    for (const std::string& error : reading.errors) {
-      reports_.badData(error);
-    }
-    reports_.warnings("contacts", reading.warnings);
-    people_ = std::move(reading.people);
+linux_host::ContactsReading UserData::readContacts() const {
+  if (places_.contacts.empty()) {
+    return {};
   }
+  linux_host::RecordIDs ids(places_.recordIDs(), access_);
+  return linux_host::readContacts(places_.contacts, ids);
+}
+
+void UserData::take(linux_host::ContactsReading reading) {
+  for (const std::string& error : reading.errors) {
+    reports_.badData(error);
+  }
+  reports_.warnings("contacts", reading.warnings);
+  errors_ = std::move(reading.errors);
+  people_ = std::move(reading.people);
   matcher_.emplace(people_, homeRegion_);
+  if (addressBook_ != nullptr) {
+    addressBook_->setPeople(people_);
+  }
+}
+
+void UserData::readPeople(linux_host::RecordIDs::Access access) {
+  access_ = access;
+  stamps_ = linux_host::contactStamps(places_.contacts, places_.recordIDs());
+  take(readContacts());
+}
+
+void UserData::refreshPeople() {
+  linux_host::ContactStamps stamps =
+      linux_host::contactStamps(places_.contacts, places_.recordIDs());
+  if (stamps == stamps_) {
+    return;
+  }
+  linux_host::ContactsReading reading = readContacts();
+  for (const std::string& error : reading.errors) {
+    if (std::find(errors_.begin(), errors_.end(), error) == errors_.end()) {
+      throw CommandError(error);
+    }
+  }
+  stamps_ = std::move(stamps);
+  take(std::move(reading));
 }
 
 linux_host::LinuxFavorites::Read UserData::favoritesReader(
@@ -88,7 +120,8 @@ void UserData::serveBy(linux_host::DeviceOptions& options,
   auto list = std::make_unique<FilteredConversationList>();
   list_ = list.get();
   options.conversationList = std::move(list);
-  options.addressBook = std::make_shared<linux_host::LinuxAddressBook>(people_);
+  addressBook_ = std::make_shared<linux_host::LinuxAddressBook>(people_);
+  options.addressBook = addressBook_;
   options.favorites = std::make_unique<linux_host::LinuxFavorites>(favoritesReader(favorites));
   options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(homeRegion_);
 }

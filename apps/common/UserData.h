@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "platform/addressbook/ABPerson.h"
 
 #include "apps/common/Places.h"
+#include "hosts/linux/contacts/ContactStamps.h"
 #include "hosts/linux/contacts/HandleMatcher.h"
 #include "hosts/linux/contacts/RecordIDs.h"
 #include "hosts/linux/sources/LinuxFavorites.h"
@@ -21,8 +23,10 @@ class FilteredConversationList;
 }
 
 namespace zephyl::linux_host {
+struct ContactsReading;
 struct DeviceOptions;
-}
+class LinuxAddressBook;
+}  // namespace zephyl::linux_host
 
 namespace zephyl::app {
 
@@ -43,6 +47,11 @@ class UserData {
   void readPeople(
       linux_host::RecordIDs::Access access = linux_host::RecordIDs::Access::kReadAndWrite);
 
+  // Reads the people anew when a file of theirs has changed since; the device then serves the new
+  // ones. Throws CommandError, with all as it was, when something cannot be read that was not among
+  // what could not be read before: it cannot be told then who is who. Each call tries again.
+  void refreshPeople();
+
   // Fills in what a device serves of them: the conversation list, empty for now, the address book,
   // the favourites (those of `favorites`, or of the device when it names none) and the form of
   // phone numbers. After `readPeople`. Throws CommandError for a favourite who is nobody.
@@ -59,13 +68,20 @@ class UserData {
   [[nodiscard]] const std::string& homeRegion() const { return homeRegion_; }
 
  private:
+  [[nodiscard]] linux_host::ContactsReading readContacts() const;
+  void take(linux_host::ContactsReading reading);
   [[nodiscard]] linux_host::LinuxFavorites::Read favoritesReader(
       const std::vector<std::string>& favorites) const;
 
   const Places& places_;
   const Reports reports_;
   const std::string homeRegion_;
+  linux_host::RecordIDs::Access access_ = linux_host::RecordIDs::Access::kReadAndWrite;
+  // Of the last reading: what was read, and what could not be.
+  linux_host::ContactStamps stamps_;
+  std::vector<std::string> errors_;
   std::vector<ABPersonRef> people_;
+  std::shared_ptr<linux_host::LinuxAddressBook> addressBook_;  // shared with the device
   std::optional<linux_host::HandleMatcher> matcher_;
   FilteredConversationList* list_ = nullptr;  // the device's
 };

@@ -92,30 +92,23 @@ std::vector<Announcer::Bundle> Announcer::bundlesOf(const std::vector<NewMessage
   return bundles;
 }
 
-void Announcer::findConversations(std::vector<Bundle>& bundles) {
-  const auto findAll = [&bundles] {
-    std::unordered_map<std::string_view, CKConversationRef> known;
-    const CKConversationArray conversations = host().conversationList().conversations();
-    for (const CKConversationRef& conversation : conversations) {
-      known.try_emplace(conversation->guid(), conversation);
-    }
-    bool isComplete = true;
-    for (Bundle& bundle : bundles) {
-      const auto found = known.find(bundle.guid);
-      bundle.conversation = found == known.end() ? nullptr : found->second;
-      isComplete = isComplete && bundle.conversation != nullptr;
-    }
-    return isComplete;
-  };
-  if (findAll()) {
-    return;
-  }
+// None when they cannot be read: those that are known may hold others by now.
+void Announcer::findConversations(std::vector<Bundle>& bundles) const {
   try {
     readConversations_();
   } catch (const std::exception& error) {
     host().systemLog().log(error.what());
+    return;
   }
-  findAll();
+  std::unordered_map<std::string_view, CKConversationRef> known;
+  const CKConversationArray conversations = host().conversationList().conversations();
+  for (const CKConversationRef& conversation : conversations) {
+    known.try_emplace(conversation->guid(), conversation);
+  }
+  for (Bundle& bundle : bundles) {
+    const auto found = known.find(bundle.guid);
+    bundle.conversation = found == known.end() ? nullptr : found->second;
+  }
 }
 
 // Whether the store holds what the groups file holds. Others write that file while this process

@@ -32,15 +32,16 @@ class Announcer {
 
   using Show = std::function<void(linux_host::DesktopNotice)>;
 
-  // `readConversations` reads the list of the host anew and may throw std::exception. It is called
-  // when a message is in a conversation that the list lacks.
+  // `readConversations` reads people and the list of the host anew and may throw std::exception. It
+  // is called for each announcement: who takes part, and who is who, may have changed meanwhile.
   Announcer(std::function<void()> readConversations, Show show)
       : readConversations_(std::move(readConversations)), show_(std::move(show)) {}
 
   // One notice a conversation, about its GUID. Nothing while the extension is switched off.
   //
   // Where it cannot be told whether a group masks a message, because the groups cannot be read or
-  // the conversation is nowhere to be found, the notice says no more than that there is one.
+  // the conversations cannot, or this one is nowhere to be found, the notice says no more than that
+  // there is one.
   void announce(const std::vector<linux_host::NewMessage>& messages);
 
  private:
@@ -53,7 +54,7 @@ class Announcer {
 
   [[nodiscard]] std::vector<Bundle> bundlesOf(
       const std::vector<linux_host::NewMessage>& messages) const;
-  void findConversations(std::vector<Bundle>& bundles);
+  void findConversations(std::vector<Bundle>& bundles) const;
   [[nodiscard]] bool refreshGroups();
   [[nodiscard]] static linux_host::DesktopNotice noticeOf(const Bundle& bundle,
                                                           bool groupsAreKnown);
