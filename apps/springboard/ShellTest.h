@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <chrono>
 #include <map>
 #include <memory>
@@ -13,11 +16,13 @@
 #include <gtest/gtest.h>
 
 #include "platform/foundation/Dictionary.h"
+#include "platform/foundation/PropertyList.h"
 
 #include "apps/common/ShellAddress.h"
 #include "hosts/contract/TemporaryFolder.h"
 #include "hosts/fake/FakeSystem.h"
 #include "hosts/linux/bus/BusMessagingCenter.h"
+#include "hosts/linux/bus/MessageCenterAddress.h"
 #include "hosts/linux/bus/SessionBus.h"
 #include "hosts/linux/testing/ChildProcess.h"
 #include "hosts/linux/testing/PrivateBus.h"
@@ -81,6 +86,18 @@ class ShellTest : public ::testing::Test {
   std::optional<Dictionary> ask(const char* message, const Value& data) {
     const Dictionary userInfo{{kServiceMessageData, data}};
     return ask(message, &userInfo);
+  }
+  // Without waiting for the reply.
+  [[nodiscard]] QDBusPendingCall askLater(const char* message, const Value& data) const {
+    const Data bytes = writeBinaryPropertyList(Dictionary{{kServiceMessageData, data}});
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        QString::fromStdString(address_.center.service),
+        QString::fromStdString(address_.center.path), linux_host::kMessageCenterInterface,
+        linux_host::kSendMethod);
+    request << message
+            << QByteArray(reinterpret_cast<const char*>(bytes.data()),
+                          static_cast<qsizetype>(bytes.size()));
+    return connection_->connection().asyncCall(request);
   }
   // The reply that says only this.
   static std::optional<Dictionary> saying(const Value& data) {

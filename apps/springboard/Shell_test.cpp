@@ -46,15 +46,7 @@ class ShellAnswersTest : public ShellTest {
 
   // Sent, and not waited for; the bus has passed it on when this returns.
   QDBusPendingCall save(const Array& groups) {
-    const Data bytes = writeBinaryPropertyList(Dictionary{{kServiceMessageData, groups}});
-    QDBusMessage request = QDBusMessage::createMethodCall(
-        QString::fromStdString(address_.center.service),
-        QString::fromStdString(address_.center.path), linux_host::kMessageCenterInterface,
-        linux_host::kSendMethod);
-    request << kSaveGroupsMessage
-            << QByteArray(reinterpret_cast<const char*>(bytes.data()),
-                          static_cast<qsizetype>(bytes.size()));
-    QDBusPendingCall pending = connection_->connection().asyncCall(request);
+    QDBusPendingCall pending = askLater(kSaveGroupsMessage, groups);
     EXPECT_TRUE(connection_->flush(kLong));
     return pending;
   }

@@ -132,6 +132,7 @@ void askForFingerprint(Session& session, Output& output, const ZephylVector& gro
     output.complain(reason);
   }
   const auto check = std::make_shared<Check>();
+  session.watchDesktop();
   const Interruption interruption([&session] { session.cancelFingerprint(); });
   start(check, reason);
   const auto isAnswered = [&] {

@@ -22,6 +22,7 @@
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/LinuxDispatch.h"
 #include "hosts/linux/fingerprint/FprintAuthentication.h"
+#include "hosts/linux/fingerprint/UnlockWatcher.h"
 #include "model/GroupsFileCheck.h"
 #include "model/ZPSettings.h"
 #include "model/ZephylKeys.h"
@@ -90,6 +91,13 @@ void Session::serveFingerprint(linux_host::DeviceOptions& options) {
   };
   reader_ = std::make_shared<linux_host::FprintAuthentication>(std::move(reading));
   options.makeAuthentication = [this] { return reader_; };
+}
+
+void Session::watchDesktop() {
+  if (unlockWatcher_ == nullptr) {
+    unlockWatcher_ = std::make_unique<linux_host::UnlockWatcher>(
+        [](linux_host::UnlockEnd) { ZPUtils::resetLastUnlockedTimestamp(); });
+  }
 }
 
 void Session::cancelFingerprint() {

@@ -21,6 +21,7 @@
 
 namespace zephyl::linux_host {
 class FprintAuthentication;
+class UnlockWatcher;
 class LinuxDevice;
 }  // namespace zephyl::linux_host
 
@@ -53,6 +54,9 @@ class Session {
   // Processes events until one of them has brought `done` about; whether it did within `limit`.
   bool waitUntil(const std::function<bool()>& done, std::chrono::milliseconds limit);
 
+  // From now on an unlock ends when the desktop locks or the machine goes to sleep.
+  void watchDesktop();
+
   // Ends the check of a finger that runs, if one does.
   void cancelFingerprint();
 
@@ -84,6 +88,7 @@ class Session {
   std::unique_ptr<linux_host::LinuxDevice> device_;
   // Of this machine. Goes before the device, to which it passes on what the owner is told.
   std::shared_ptr<linux_host::FprintAuthentication> reader_;
+  std::unique_ptr<linux_host::UnlockWatcher> unlockWatcher_;
   bool groupsStarted_ = false;
 };
 
