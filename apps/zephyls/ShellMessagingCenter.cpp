@@ -13,12 +13,12 @@ namespace zephyl::app {
 ShellMessagingCenter::ShellMessagingCenter(std::shared_ptr<linux_host::SessionBus> bus,
                                            const ShellAddress& address, ShellStart::Options start,
                                            CPDistributedMessagingCenter& inProcess, SystemLog& log,
-                                           Tell tell)
+                                           Tell tell, linux_host::BusMessagingCenter::Limits limits)
     : bus_(std::move(bus)),
       center_(address.center.center),
       inProcess_(inProcess),
       tell_(std::move(tell)),
-      overBus_(bus_, address.center, log),
+      overBus_(bus_, address.center, log, limits),
       start_(bus_, overBus_, address, std::move(start)) {}
 
 bool ShellMessagingCenter::isServed() {
@@ -46,7 +46,13 @@ std::optional<Dictionary> ShellMessagingCenter::sendMessageAndReceiveReplyName(
     if (staysInProcess_ || center != center_ || (mustLook && !isServed())) {
       break;
     }
+    if (hangs_) {
+      return std::nullopt;
+    }
     auto answer = overBus_.ask(name, userInfo);
+    if (!answer.isInTime && !hangs_.exchange(true)) {
+      tell_("the system shell does not answer; it is not asked again");
+    }
     if (answer.isServed) {
       return std::move(answer.reply);
     }

@@ -1,6 +1,6 @@
 // The message center as a program of the user reaches it: the system shell answers, which is
 // started when a message is sent and none is there. Where none can be had, this process answers
-// itself. Any thread.
+// itself. A shell that hangs is waited for once in a run. Any thread.
 
 #pragma once
 
@@ -31,8 +31,11 @@ class ShellMessagingCenter : public CPDistributedMessagingCenter {
   // `inProcess` and `log` must outlive this.
   ShellMessagingCenter(std::shared_ptr<linux_host::SessionBus> bus, const ShellAddress& address,
                        ShellStart::Options start, CPDistributedMessagingCenter& inProcess,
-                       SystemLog& log, Tell tell);
+                       SystemLog& log, Tell tell,
+                       linux_host::BusMessagingCenter::Limits limits = {});
 
+  // Nothing, at once, after a request that the shell did not answer in time: it may have the groups
+  // in hand, so nobody else may touch them.
   std::optional<Dictionary> sendMessageAndReceiveReplyName(const std::string& center,
                                                            const std::string& name,
                                                            const Dictionary* userInfo) override;
@@ -49,6 +52,7 @@ class ShellMessagingCenter : public CPDistributedMessagingCenter {
   ShellStart start_;
   std::atomic<bool> wasServed_ = false;
   std::atomic<bool> staysInProcess_ = false;
+  std::atomic<bool> hangs_ = false;
 };
 
 // With a message bus of the session: messages go to the shell of the device, and notifications to

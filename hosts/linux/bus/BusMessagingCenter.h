@@ -26,8 +26,10 @@ class BusMessagingCenter : public CPDistributedMessagingCenter {
   };
 
   // What came of a request. Nobody serves: the request reached nobody, and may be sent elsewhere.
+  // In time: false when the limit ran out, so that the next one would most likely wait as long.
   struct Answer {
     bool isServed = false;
+    bool isInTime = true;
     std::optional<Dictionary> reply;
   };
 

@@ -92,6 +92,7 @@ TEST_F(BusMessagingCenterTest, AFrozenServiceIsWaitedForOnlySoLong) {
   });
   const auto answer = client(kShort).ask("get", nullptr);
   EXPECT_TRUE(answer.isServed);
+  EXPECT_FALSE(answer.isInTime);
   EXPECT_EQ(answer.reply, std::nullopt);
   EXPECT_THAT(log_.lines(), ElementsAre(AllOf(HasSubstr("get"), HasSubstr("NoReply"))));
   thaw.set_value();
@@ -125,6 +126,7 @@ TEST_F(BusMessagingCenterTest, ABusThatGoesAwayInTheMiddleOfARequestEndsIt) {
   ASSERT_EQ(reply.wait_for(kLong), std::future_status::ready);
   const auto answer = reply.get();
   EXPECT_TRUE(answer.isServed);
+  EXPECT_TRUE(answer.isInTime);
   EXPECT_EQ(answer.reply, std::nullopt);
   EXPECT_EQ(log_.lines().size(), 1U);
   end.set_value();
