@@ -11,6 +11,7 @@
 #include "apps/springboard/GroupsSafety.h"
 #include "apps/springboard/GroupsService.h"
 #include "apps/springboard/MessageAnnouncements.h"
+#include "apps/springboard/ShellLog.h"
 #include "apps/springboard/StopSignals.h"
 #include "hosts/linux/Languages.h"
 #include "hosts/linux/LinuxDevice.h"
@@ -60,7 +61,6 @@ Shell::Shell(const ShellOptions& options)
 
 Shell::~Shell() {
   announcements_.reset();
-  notices_.reset();
   service_.reset();
   if (device_ != nullptr) {
     device_->queues().stop();
@@ -91,7 +91,11 @@ void Shell::makeDevice() {
   options.bundleIdentifier = "com.apple.springboard";
   options.languages = linux_host::preferredLanguages(
       linux_host::languageWishesOfEnvironment(options_.language.value_or("")));
-  options.verbose = options_.verbose;
+  options.systemLog =
+      std::make_unique<ShellLog>(log_, options.deviceRoot, [this](const std::string& message) {
+        notices_->show(
+            {.about = "groups file", .title = "Groups of conversations", .body = message});
+      });
   options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
   options.safety = safetyOfGroups(places_.state.string(), options.deviceRoot);
   options.makeNotifications = [this](Dispatch& dispatch, SystemLog& log) {
@@ -105,15 +109,23 @@ void Shell::makeDevice() {
   install(*device_);
 }
 
-void Shell::announce(const std::string& busAddress) {
+// Nothing is connected before the first notice.
+void Shell::makeNotices(const std::string& busAddress) {
   notices_ = std::make_unique<linux_host::DesktopNotices>(linux_host::DesktopNotices::Options{
       .programName = "Messages",
       .desktopEntry = "",
       .busAddress = busAddress,
       .log = [this](const std::string& line) { log_.log(line); }});
+}
+
+void Shell::announce() {
   announcements_ = std::make_unique<MessageAnnouncements>(MessageAnnouncements::Options{
       .database = places_.messages.string(),
-      .readConversations = [this] { userData_.readConversations(); },
+      .readConversations =
+          [this] {
+            userData_.refreshPeople();
+            userData_.readConversations();
+          },
       .show = [this](linux_host::DesktopNotice notice) { notices_->show(std::move(notice)); }});
   announcements_->start();
 }
@@ -144,10 +156,11 @@ int Shell::run() {
   }
   Loss loss;
   bus_->notifyOfLoss(&loss, SLOT(start()));
+  makeNotices(*busAddress);
   makeDevice();
   serveGroups(*service_);
   if (announces()) {
-    announce(*busAddress);
+    announce();
   }
   restartIdleTimer();
   if (QCoreApplication::exec() != kSuccess || !bus_->isConnected()) {

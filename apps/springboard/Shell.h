@@ -43,7 +43,8 @@ class Shell {
   // Whether the device is this process's to serve.
   [[nodiscard]] bool isFirst();
   void makeDevice();
-  void announce(const std::string& busAddress);
+  void makeNotices(const std::string& busAddress);
+  void announce();
   void restartIdleTimer();
   [[nodiscard]] bool announces() const;
 
@@ -55,8 +56,9 @@ class Shell {
   QTimer idle_;
   std::shared_ptr<linux_host::SessionBus> bus_;
   std::unique_ptr<linux_host::MessageCenterService> service_;
-  std::unique_ptr<linux_host::LinuxDevice> device_;
+  // The device's log tells of them, until it goes.
   std::unique_ptr<linux_host::DesktopNotices> notices_;
+  std::unique_ptr<linux_host::LinuxDevice> device_;
   std::unique_ptr<MessageAnnouncements> announcements_;
 };
 
