@@ -50,6 +50,19 @@ bool isPicturePath(const std::string& path) {
   return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
 }
 
+// Nothing for a picture of a group. What a link leads to, such as the groups file, is none.
+std::optional<std::string> whyNoPicture(const std::string& path) {
+  if (!isPicturePath(path)) {
+    return "no picture of a group: " + path;
+  }
+  for (const std::string& item : {std::string(kGroupPicturesDirectory), path}) {
+    if (host().files().isSymbolicLinkAtPath(item)) {
+      return "a symbolic link: " + item;
+    }
+  }
+  return std::nullopt;
+}
+
 Reply getGroups() {
   const auto groups = arrayWithContentsOfFile(kGroupsFilePath);
   return groups ? Reply(Dictionary{{kServiceMessageData, *groups}}) : Reply(Dictionary());
@@ -72,8 +85,8 @@ Reply getPicture(const Dictionary* userInfo) {
   if (path.ifString() == nullptr || path.ifString()->empty()) {
     return Dictionary();
   }
-  if (!isPicturePath(*path.ifString())) {
-    refuse(kServiceMessageData, "no picture of a group: " + *path.ifString());
+  if (const auto reason = whyNoPicture(*path.ifString())) {
+    refuse(kServiceMessageData, *reason);
     return Dictionary();
   }
   const auto file = host().files().contentsAtPath(*path.ifString());
@@ -102,8 +115,8 @@ std::optional<std::string> whyPictureNotSaved(const Value& archive) {
   if (image == nullptr || path.ifString() == nullptr) {
     return "the archive holds no image with a path";
   }
-  if (!isPicturePath(*path.ifString())) {
-    return "no picture of a group: " + *path.ifString();
+  if (auto reason = whyNoPicture(*path.ifString())) {
+    return reason;
   }
   const StoredPicture stored = storedPicture(image->file());
   if (!stored.refusal.empty()) {

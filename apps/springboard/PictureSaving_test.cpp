@@ -26,6 +26,7 @@ namespace {
 using test::fileOf;
 using test::noise;
 using test::textOf;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -173,6 +174,32 @@ TEST_F(PictureSavingTest, APicturesDirectoryThatLiesElsewhereIsNotFollowed) {
   EXPECT_EQ(savePicture("7.png"), Value(false));
   EXPECT_THAT(elsewhere_.namesIn(""), IsEmpty());
   EXPECT_FALSE(log_.lines().empty());
+}
+
+TEST_F(PictureSavingTest, APictureThatIsALinkInsideTheDeviceIsNeitherSavedNorGiven) {
+  root_.put(kGroupsFilePath, "the groups");
+  std::filesystem::create_directories(place(kGroupPicturesDirectory));
+  const std::string link = place(inPictures("7.png"));
+  std::filesystem::create_symlink(
+      "../" + std::filesystem::path(kGroupsFilePath).filename().string(), link);
+  EXPECT_EQ(savePicture("7.png"), Value(false));
+  EXPECT_TRUE(ask(kServiceMessageData, inPictures("7.png")).isNull());
+  EXPECT_EQ(root_.read(kGroupsFilePath), "the groups");
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  EXPECT_THAT(log_.lines(), SizeIs(2));
+  EXPECT_THAT(log_.lines(), Each(HasSubstr("a symbolic link: " + inPictures("7.png"))));
+}
+
+TEST_F(PictureSavingTest, APicturesDirectoryThatIsALinkInsideTheDeviceIsNotUsed) {
+  root_.put(kGroupsFilePath, "the groups");
+  std::filesystem::create_symlink(".", place(kGroupPicturesDirectory));
+  const std::string name = std::filesystem::path(kGroupsFilePath).filename();
+  EXPECT_EQ(savePicture(name), Value(false));
+  EXPECT_TRUE(ask(kServiceMessageData, inPictures(name)).isNull());
+  EXPECT_EQ(root_.read(kGroupsFilePath), "the groups");
+  EXPECT_THAT(log_.lines(), SizeIs(2));
+  EXPECT_THAT(log_.lines(),
+              Each(HasSubstr(std::string("a symbolic link: ") + kGroupPicturesDirectory)));
 }
 
 TEST_F(PictureSavingTest, AFullDiskLeavesTheOldPictureAndNothingElse) {

@@ -37,6 +37,9 @@ class DeviceUnderTest {
   [[nodiscard]] virtual std::string makeUnreadableFile() = 0;
   [[nodiscard]] virtual std::string unwritableFile() = 0;
 
+  // Makes a symbolic link in a folder that is there, to another path of the device.
+  virtual void makeLink(const std::string& path, const std::string& target) = 0;
+
   // Serves a message.
   virtual void answer(const std::string& center, const std::string& name, Handler handler) = 0;
 

@@ -33,6 +33,10 @@ class FakeUnderTest : public DeviceUnderTest {
     return "/unwritable";
   }
 
+  void makeLink(const std::string& path, const std::string& /*target*/) override {
+    device_.files().markAsLink(path);
+  }
+
   void answer(const std::string& /*center*/, const std::string& name, Handler handler) override {
     device_.messagingCenter().setAnswer(name, std::move(handler));
   }

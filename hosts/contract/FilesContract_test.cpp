@@ -113,6 +113,20 @@ TEST_P(FilesContract, AFolderIsNeitherReadNorWritten) {
   expectLogNames("/folder");
 }
 
+TEST_P(FilesContract, ASymbolicLinkIsToldFromWhatItLeadsTo) {
+  EXPECT_TRUE(files().writeToFile("/folder/file", "text"));
+  device().makeLink("/to file", "/folder/file");
+  device().makeLink("/to folder", "/folder");
+  device().makeLink("/to nothing", "/missing");
+  for (const char* link : {"/to file", "/to folder", "/to nothing"}) {
+    EXPECT_TRUE(files().isSymbolicLinkAtPath(link)) << link;
+  }
+  for (const char* other : {"/folder/file", "/folder", "/missing", "/to folder/file", "/", ""}) {
+    EXPECT_FALSE(files().isSymbolicLinkAtPath(other)) << other;
+  }
+  EXPECT_THAT(device().log(), IsEmpty());
+}
+
 TEST_P(FilesContract, NothingIsMadeBelowAFile) {
   EXPECT_TRUE(files().writeToFile("/file", "text"));
   EXPECT_FALSE(files().writeToFile("/file/below", "text"));

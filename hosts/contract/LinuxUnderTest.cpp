@@ -58,6 +58,10 @@ class LinuxUnderTest : public DeviceUnderTest {
   std::string makeUnreadableFile() override { return makeFifo("/unreadable"); }
   std::string unwritableFile() override { return makeFifo("/unwritable"); }
 
+  void makeLink(const std::string& path, const std::string& target) override {
+    std::filesystem::create_symlink(root_.path() + target, root_.path() + path);
+  }
+
   void answer(const std::string& center, const std::string& name, Handler handler) override {
     if (bus_ != nullptr) {
       bus_->answer(center, name, handler);

@@ -72,6 +72,11 @@ bool FakeFiles::fileExistsAtPath(const std::string& path) {
   return files_.contains(path) || isDirectory(path);
 }
 
+bool FakeFiles::isSymbolicLinkAtPath(const std::string& path) {
+  const std::lock_guard lock(mutex_);
+  return links_.contains(path);
+}
+
 std::vector<std::string> FakeFiles::contentsOfDirectoryAtPath(const std::string& path) {
   const std::lock_guard lock(mutex_);
   const std::string prefix = path + "/";
@@ -108,6 +113,11 @@ void FakeFiles::put(const std::string& path, std::string contents) {
 void FakeFiles::removeFile(const std::string& path) {
   const std::lock_guard lock(mutex_);
   files_.erase(path);
+}
+
+void FakeFiles::markAsLink(const std::string& path) {
+  const std::lock_guard lock(mutex_);
+  links_.insert(path);
 }
 
 void FakeFiles::failReading(const std::string& path, bool fails) {

@@ -26,11 +26,14 @@ class FakeFiles : public NSFileManager {
   bool writeToFile(const std::string& path, const std::string& contents) override;
   bool writeToFileAtomically(const std::string& path, const std::string& contents) override;
   bool fileExistsAtPath(const std::string& path) override;
+  bool isSymbolicLinkAtPath(const std::string& path) override;
   std::vector<std::string> contentsOfDirectoryAtPath(const std::string& path) override;
 
   // Puts a file there without counting it as written.
   void put(const std::string& path, std::string contents);
   void removeFile(const std::string& path);
+  // From then on that path is told to be a symbolic link; it is not followed.
+  void markAsLink(const std::string& path);
   void failReading(const std::string& path, bool fails = true);
   // The file then keeps what it had.
   void failWriting(const std::string& path, bool fails = true);
@@ -53,6 +56,7 @@ class FakeFiles : public NSFileManager {
   FakeSystemLog& log_;
   std::mutex mutex_;
   std::map<std::string, std::string> files_;
+  std::set<std::string> links_;
   std::set<std::string> unreadable_;
   std::set<std::string> unwritable_;
   std::map<std::string, std::size_t> roomFor_;

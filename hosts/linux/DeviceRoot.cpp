@@ -106,6 +106,17 @@ DeviceLocation DeviceRoot::forReading(const std::string& path) const {
   return belowRoot(normal.path);
 }
 
+bool DeviceRoot::isLink(const std::string& path) const {
+  const DeviceLocation normal = normalized(path);
+  const std::size_t name = normal.path.rfind('/');
+  if (name == std::string::npos) {
+    return false;
+  }
+  const DeviceLocation folder = belowRoot(normal.path.substr(0, name));
+  std::error_code error;
+  return folder.refusal.empty() && fs::is_symlink(folder.path + normal.path.substr(name), error);
+}
+
 std::vector<std::string> DeviceRoot::foldersOf(const std::string& path) const {
   const DeviceLocation normal = normalized(path);
   std::vector<std::string> folders;

@@ -31,6 +31,10 @@ class DeviceRoot {
   // follow any.
   [[nodiscard]] DeviceLocation forWriting(const std::string& path) const;
 
+  // Whether what lies there below the root is itself a symbolic link, one that leads out of it
+  // included. Refused paths are none.
+  [[nodiscard]] bool isLink(const std::string& path) const;
+
   // The folders that together make up the folder of that path, the root's first. Refused paths have
   // none. They need not exist.
   [[nodiscard]] std::vector<std::string> foldersOf(const std::string& path) const;

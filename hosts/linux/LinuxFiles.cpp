@@ -35,6 +35,10 @@ bool LinuxFiles::fileExistsAtPath(const std::string& path) {
   return location.refusal.empty() && fs::exists(location.path, error);
 }
 
+bool LinuxFiles::isSymbolicLinkAtPath(const std::string& path) {
+  return root_.isLink(path);
+}
+
 std::vector<std::string> LinuxFiles::contentsOfDirectoryAtPath(const std::string& path) {
   std::set<std::string> names;
   for (const std::string& folder : root_.foldersOf(path)) {

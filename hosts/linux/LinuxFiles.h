@@ -22,6 +22,7 @@ class LinuxFiles : public NSFileManager {
   bool writeToFile(const std::string& path, const std::string& contents) override;
   bool writeToFileAtomically(const std::string& path, const std::string& contents) override;
   bool fileExistsAtPath(const std::string& path) override;
+  bool isSymbolicLinkAtPath(const std::string& path) override;
   std::vector<std::string> contentsOfDirectoryAtPath(const std::string& path) override;
 
  private:

@@ -25,6 +25,10 @@ class NSFileManager {
 
   [[nodiscard]] virtual bool fileExistsAtPath(const std::string& path) = 0;
 
+  // Whether the item itself is a symbolic link, wherever it leads. Links before the last part of
+  // the path are followed. Any thread.
+  [[nodiscard]] virtual bool isSymbolicLinkAtPath(const std::string& path) = 0;
+
   // Names, not paths, sorted; empty when there is no such directory.
   [[nodiscard]] virtual std::vector<std::string> contentsOfDirectoryAtPath(
       const std::string& path) = 0;
