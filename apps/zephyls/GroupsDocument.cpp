@@ -1,6 +1,7 @@
 #include "apps/zephyls/GroupsDocument.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include <nlohmann/json.hpp>
@@ -9,8 +10,11 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/zephyls/Base64.h"
+#include "apps/zephyls/GroupTexts.h"
 #include "apps/zephyls/Json.h"
+#include "model/MemberSet.h"
 #include "model/ZephylKeys.h"
+#include "services/ZPUtils.h"
 
 namespace zephyl::app {
 
@@ -103,6 +107,19 @@ class Part {
                       (!json_.is_number_unsigned() || json_.get<std::uint64_t>() <= INT64_MAX);
     return fits ? json_.get<std::int64_t>() : (fail("is no whole number"), 0);
   }
+  [[nodiscard]] std::int64_t integerFrom(std::int64_t least) const {
+    const std::int64_t value = integer();
+    return value >= least ? value : (fail("must be " + std::to_string(least) + " or more"), 0);
+  }
+  [[nodiscard]] std::string filledText() const {
+    std::string filled = text();
+    return filled.empty() ? (fail("must not be empty"), filled) : filled;
+  }
+  [[nodiscard]] Date time() const {
+    const auto seconds = secondsOfIsoTime(text());
+    return seconds ? Date::since1970(*seconds)
+                   : (fail("is no time such as 2026-11-21T09:30:00Z"), Date());
+  }
   [[nodiscard]] Data bytes() const {
     auto decoded = bytesOfBase64(text());
     return decoded ? std::move(*decoded) : (fail("is no base64"), Data());
@@ -125,17 +142,25 @@ class Part {
   std::string place_;
 };
 
-Value propertyFrom(const Part& part, Value::Type type) {
-  switch (type) {
+// As groups store it: eight hexadecimal digits, or nothing.
+std::string markerCodeIn(const Part& part) {
+  const std::string code = part.text();
+  try {
+    return code.empty() ? code : markerCodeFrom(code);
+  } catch (const CommandError& error) {
+    part.fail(std::string("is ") + error.what());
+  }
+}
+
+Value propertyFrom(const Part& part, const GroupKey& key) {
+  if (std::string_view(key.name) == keys::kMarkerCode) {
+    return markerCodeIn(part);
+  }
+  switch (key.type) {
     case Value::Type::kBoolean:
       return part.flag();
-    case Value::Type::kDate: {
-      const auto seconds = secondsOfIsoTime(part.text());
-      if (!seconds) {
-        part.fail("is no time such as 2026-11-21T09:30:00Z");
-      }
-      return Date::since1970(*seconds);
-    }
+    case Value::Type::kDate:
+      return part.time();
     default:
       return part.text();
   }
@@ -149,13 +174,28 @@ std::vector<std::string> textsFrom(const Part& part) {
   return texts;
 }
 
+std::string guidIn(const Part& part) {
+  std::string guid = part.filledText();
+  return isChatGuid(guid) ? guid : (part.fail("is no GUID of a conversation: " + guid), guid);
+}
+
+// Members are told apart by their beginning, so an address must not look like a conversation.
+std::string addressIn(const Part& part) {
+  std::string address = part.filledText();
+  const std::string plain = ZPUtils::plainPhoneNumber(address);
+  if (plain.empty() || isChatGuid(plain)) {
+    part.fail("is no address: " + address);
+  }
+  return address;
+}
+
 TransferredMember memberFrom(const Part& part) {
   const std::string kind = part.at("kind").text();
   if (kind == "conversation") {
-    return {MemberKind::kConversation, part.at("guid").text(), part.at("name").textOrEmpty()};
+    return {MemberKind::kConversation, guidIn(part.at("guid")), part.at("name").textOrEmpty()};
   }
   if (kind == "address") {
-    return {MemberKind::kAddress, part.at("address").text(), {}};
+    return {MemberKind::kAddress, addressIn(part.at("address")), {}};
   }
   if (kind != "person") {
     part.at("kind").fail("is no kind of member: " + kind);
@@ -163,7 +203,7 @@ TransferredMember memberFrom(const Part& part) {
   const Part id = part.at("id");
   return {MemberKind::kPerson,           {},
           part.at("name").textOrEmpty(), textsFrom(part.at("phones")),
-          textsFrom(part.at("emails")),  id.isNull() ? 0 : id.integer()};
+          textsFrom(part.at("emails")),  id.isNull() ? 0 : id.integerFrom(0)};
 }
 
 // Keys that this program knows come from their own places only.
@@ -185,16 +225,17 @@ void takeCarried(const Part& part, TransferredGroup& group) {
 TransferredGroup groupFrom(const Part& part) {
   TransferredGroup group;
   const Part identifier = part.at(keys::kIdentifier);
-  group.identifier = identifier.isNull() ? 0 : identifier.integer();
+  group.identifier = identifier.isNull() ? 0 : identifier.integerFrom(1);
   for (const GroupKey& key : kGroupKeys) {
     const Part property = part.at(key.name);
     if (isTransferred(key.name) && !property.isNull()) {
-      group.properties.set(key.name, propertyFrom(property, key.type));
+      group.properties.set(key.name, propertyFrom(property, key));
     }
   }
-  if (part.at(keys::kTitle).text().empty()) {
-    part.at(keys::kTitle).fail("must not be empty");
+  if (part.at(keys::kEnabled).isNull()) {
+    group.properties.set(keys::kEnabled, true);
   }
+  static_cast<void>(part.at(keys::kTitle).filledText());
   if (const Part picture = part.at("picture"); !picture.isNull()) {
     group.picture = picture.bytes();
   }
@@ -256,6 +297,9 @@ std::vector<TransferredGroup> groupsOfDocument(const std::string& contents,
                                            : ", which no zephyls has written; this one reads "
                                              "version ") +
                        std::to_string(kVersion));
+  }
+  if (const Part exported = root.at("exported"); !exported.isNull()) {
+    static_cast<void>(exported.time());
   }
   std::vector<TransferredGroup> groups;
   root.at("groups").each([&](const Part& one) { groups.push_back(groupFrom(one)); });

@@ -49,8 +49,9 @@ struct TransferredGroup {
 [[nodiscard]] nlohmann::ordered_json documentOf(const std::vector<TransferredGroup>& groups,
                                                 double time);
 
-// What a document of this or an older version holds. Throws CommandError, which names `file` and
-// the place, for everything else: nothing of a document that is wrong in one place is taken.
+// What a document of this or an older version holds. Without "enabled" a group is enabled. Throws
+// CommandError, which names `file` and the place, for everything else: nothing of a document that
+// is wrong in one place is taken.
 [[nodiscard]] std::vector<TransferredGroup> groupsOfDocument(const std::string& contents,
                                                              const std::string& file);
 

@@ -52,6 +52,13 @@ std::string refusalWith(const std::string& way, const nlohmann::ordered_json& va
   return refusal(document.dump());
 }
 
+// The same, of a document that is read.
+TransferredGroup groupWith(const std::string& way, const nlohmann::ordered_json& value) {
+  auto document = documentOf({sampleGroup()}, 0.0);
+  document[nlohmann::ordered_json::json_pointer(way)] = value;
+  return groupsOfDocument(document.dump(), "FILE").at(0);
+}
+
 TEST(GroupsDocumentTest, WhatIsWrittenIsReadAgain) {
   const TransferredGroup group = sampleGroup();
   const auto read = groupsOfDocument(textOf({group, group}), "FILE");
@@ -109,6 +116,56 @@ TEST(GroupsDocumentTest, EachRefusalNamesThePlace) {
             "FILE: groups[0].members[0].phones[1]: is no text");
   EXPECT_EQ(refusalWith("/groups/0/members/0/id", 1.5),
             "FILE: groups[0].members[0].id: is no whole number");
+}
+
+TEST(GroupsDocumentTest, ValuesOutOfRangeAreRefused) {
+  EXPECT_EQ(refusalWith("/exported", 5), "FILE: exported: is no text");
+  EXPECT_EQ(refusalWith("/groups/0/identifier", 0),
+            "FILE: groups[0].identifier: must be 1 or more");
+  EXPECT_EQ(refusalWith("/groups/0/identifier", "7"),
+            "FILE: groups[0].identifier: is no whole number");
+  EXPECT_EQ(refusalWith("/groups/0/subTitle", 5), "FILE: groups[0].subTitle: is no text");
+  EXPECT_EQ(refusalWith("/groups/0/maskedMessage", 0), "FILE: groups[0].maskedMessage: is no text");
+  EXPECT_EQ(refusalWith("/groups/0/members", nullptr), "FILE: groups[0].members: is no list");
+  EXPECT_EQ(refusalWith("/groups/0/members/0/id", -1),
+            "FILE: groups[0].members[0].id: must be 0 or more");
+  EXPECT_EQ(refusalWith("/groups/0/members/0/name", 5),
+            "FILE: groups[0].members[0].name: is no text");
+}
+
+TEST(GroupsDocumentTest, AColourIsHexadecimalDigits) {
+  for (const char* code : {"not a colour", "12345", "11223344 ", "1122334g"}) {
+    EXPECT_EQ(refusalWith("/groups/0/markerCode", code),
+              std::string("FILE: groups[0].markerCode: is no colour such as ff8000, #ff8000 or "
+                          "ff8000c0: \"") +
+                  code + "\"");
+  }
+  EXPECT_EQ(refusalWith("/groups/0/markerCode", 5), "FILE: groups[0].markerCode: is no text");
+  EXPECT_EQ(refusalWith("/groups/0/markerCode", ""), "");
+  EXPECT_EQ(groupWith("/groups/0/markerCode", "#FF8000").properties[keys::kMarkerCode],
+            Value("ff8000ff"));
+}
+
+TEST(GroupsDocumentTest, AGroupIsEnabledUnlessItSaysOtherwise) {
+  EXPECT_EQ(groupWith("/groups/0/enabled", nullptr).properties[keys::kEnabled], Value(true));
+  auto document = documentOf({sampleGroup()}, 0.0);
+  document["groups"][0].erase("enabled");
+  EXPECT_EQ(groupsOfDocument(document.dump(), "FILE").at(0).properties[keys::kEnabled],
+            Value(true));
+  EXPECT_EQ(groupWith("/groups/0/enabled", false).properties[keys::kEnabled], Value(false));
+}
+
+TEST(GroupsDocumentTest, ConversationsAndAddressesAreWhatTheySay) {
+  EXPECT_EQ(refusalWith("/groups/0/members/2/guid", ""),
+            "FILE: groups[0].members[2].guid: must not be empty");
+  EXPECT_EQ(refusalWith("/groups/0/members/2/guid", "+15550100"),
+            "FILE: groups[0].members[2].guid: is no GUID of a conversation: +15550100");
+  EXPECT_EQ(refusalWith("/groups/0/members/3/address", ""),
+            "FILE: groups[0].members[3].address: must not be empty");
+  EXPECT_EQ(refusalWith("/groups/0/members/3/address", " (-)"),
+            "FILE: groups[0].members[3].address: is no address:  (-)");
+  EXPECT_EQ(refusalWith("/groups/0/members/3/address", "SMS;-;+15550100"),
+            "FILE: groups[0].members[3].address: is no address: SMS;-;+15550100");
 }
 
 TEST(GroupsDocumentTest, DeepNestingIsRefused) {

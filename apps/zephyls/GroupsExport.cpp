@@ -8,8 +8,10 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/zephyls/GroupPicture.h"
+#include "apps/zephyls/GroupTexts.h"
 #include "apps/zephyls/UnresolvedMembers.h"
 #include "model/ZephylKeys.h"
+#include "services/ZPUtils.h"
 
 namespace zephyl::app {
 
@@ -49,6 +51,12 @@ void addMember(TransferredGroup& group, const Member& member, const Value& eleme
     return;
   }
   const std::string& text = std::get<std::string>(member);
+  const std::string plain = ZPUtils::plainPhoneNumber(text);
+  // What an import would refuse as an address.
+  if (plain.empty() || isChatGuid(plain) != isChatGuid(text)) {
+    group.otherElements.push_back(element);
+    return;
+  }
   const bool isConversation = isChatGuid(text);
   group.members.push_back({isConversation ? MemberKind::kConversation : MemberKind::kAddress, text,
                            isConversation ? describe(member).name : std::string()});
@@ -91,6 +99,22 @@ std::optional<Data> pictureOf(const ZephylRef& group,
   }
 }
 
+// A colour that an import would refuse.
+void leaveOutBadColour(TransferredGroup& group,
+                       const std::function<void(const std::string&)>& complain) {
+  const Value code = group.properties[keys::kMarkerCode];
+  if (code.ifString() == nullptr || code.ifString()->empty()) {
+    return;
+  }
+  try {
+    static_cast<void>(markerCodeFrom(*code.ifString()));
+  } catch (const CommandError& error) {
+    complain("the group \"" + *group.properties[keys::kTitle].ifString() + "\" has " +
+             error.what() + "; it is left out");
+    group.properties.remove(keys::kMarkerCode);
+  }
+}
+
 }  // namespace
 
 TransferredGroup transferredGroup(const ZephylRef& group,
@@ -109,6 +133,7 @@ TransferredGroup transferredGroup(const ZephylRef& group,
   if (dictionary[keys::kTitle].ifString() == nullptr) {
     transferred.properties.set(keys::kTitle, group->title());
   }
+  leaveOutBadColour(transferred, complain);
   addMembers(transferred, dictionary);
   transferred.picture = pictureOf(group, complain);
   return transferred;

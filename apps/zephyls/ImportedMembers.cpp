@@ -5,6 +5,7 @@
 
 #include "apps/zephyls/Describe.h"
 #include "apps/zephyls/UnresolvedMembers.h"
+#include "services/ZPUtils.h"
 
 namespace zephyl::app {
 
@@ -95,7 +96,13 @@ ImportedMembers importedMembers(const std::vector<TransferredMember>& members,
     }
     const ABPersonRef person =
         member.kind == MemberKind::kAddress ? finder.personWithAddress(member.text) : nullptr;
-    imported.members.add(person == nullptr ? Member(member.text) : memberOf(*person));
+    if (person != nullptr) {
+      imported.members.add(memberOf(*person));
+    } else {
+      imported.members.add(member.kind == MemberKind::kAddress
+                               ? ZPUtils::plainPhoneNumber(member.text)
+                               : member.text);
+    }
     if (member.kind == MemberKind::kConversation && describe(member.text).name.empty()) {
       imported.remarks.push_back("no conversation has the GUID " + member.text +
                                  "; it is a member all the same");

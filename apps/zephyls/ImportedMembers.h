@@ -21,7 +21,7 @@ struct ImportedMembers {
 // A person is whoever has one of the numbers or addresses, else the one of exactly that name; among
 // several, the one of that name and then of that record id. For a person who is not found at all,
 // the numbers and addresses become members as well. Conversations keep their GUIDs. Addresses of
-// people who are known become those people.
+// people who are known become those people; others take the plain form in which they match.
 [[nodiscard]] ImportedMembers importedMembers(const std::vector<TransferredMember>& members,
                                               const MemberFinder& finder);
 

@@ -185,6 +185,47 @@ TEST_F(TransferTest, AFileThatIsWrongAnywhereChangesNothing) {
   expectRefused({"import", folder_.string()}, folder_.string());
 }
 
+TEST_F(TransferTest, AColourOrMemberThatIsNoneChangesNothing) {
+  const std::string whole = read(file_);
+  change({"delete", "--yes", "Work", "Home"});
+  const auto expectBad = [&](const std::string& from, const std::string& to,
+                             const std::string& message) {
+    write(file_, whole);
+    mend(from, to);
+    expectRefused({"import", file_}, file_ + ": groups[0]" + message);
+  };
+  expectBad("\"11223344\"", "\"not a colour\"", ".markerCode: is no colour such as ");
+  expectBad("\"+15555550102\"", "\"\"", ".members[3].address: must not be empty");
+  expectBad("\"iMessage;+;chat300\"", "\"chat300\"",
+            ".members[2].guid: is no GUID of a conversation: chat300");
+  EXPECT_EQ(titles(), Texts());
+}
+
+TEST_F(TransferTest, AnAddressArrivesInPlainForm) {
+  mend("\"+15555550102\"", "\"+1 (555) 555-0199\"");
+  change({"delete", "--yes", "Work", "Home"});
+  change({"import", file_});
+  EXPECT_EQ(group("Work")["contacts"].back(), "+15555550199");
+}
+
+TEST_F(TransferTest, AGroupThatSaysNothingOfItIsEnabled) {
+  mend("   \"enabled\": false,\n", "");
+  change({"delete", "--yes", "Work", "Home"});
+  change({"import", file_});
+  EXPECT_EQ(group("Work")["enabled"], true);
+}
+
+TEST_F(TransferTest, WhatNoImportTakesIsNotExported) {
+  writeGroups(
+      "<dict><key>identifier</key><integer>7</integer><key>title</key><string>Odd</string>"
+      "<key>enabled</key><true/><key>markerCode</key><string>teal</string>"
+      "<key>contacts</key><array><string></string><string>+15555550102</string></array></dict>");
+  const ProgramResult result = groups({"export", file_, "--force"});
+  EXPECT_NE(result.errors.find("the group \"Odd\" has no colour such as "), std::string::npos);
+  change({"import", file_, "--replace", "--yes"});
+  EXPECT_EQ(group("Odd")["contacts"], Json::array({"+15555550102", ""}));
+}
+
 TEST_F(TransferTest, AnExportIsForTheUserAloneAndWritesOverNothing) {
   struct stat status {};
   ASSERT_EQ(stat(file_.c_str(), &status), 0);
