@@ -75,7 +75,21 @@ TEST_F(FingerprintTest, AGroupIsProtectedWhereThereIsAReader) {
 TEST_F(FingerprintTest, WithoutAReaderNothingIsAskedOrProtected) {
   expectRefused({"edit", "--biometrics", "off", "Work", "--protect"}, "no fingerprint reader");
   expectRefused({"create", "--biometrics", "off", "Home", "--protect"}, "no fingerprint reader");
-  EXPECT_EQ(change({"edit", "--biometrics", "off", "Secret", "--hide"}).errors, "");
+  EXPECT_EQ(change({"show", "--biometrics", "off", "Secret"}).errors, "");
+}
+
+TEST_F(FingerprintTest, ASaveWithoutAReaderTellsWhatLosesItsProtection) {
+  const auto lost = [](const std::string& title) {
+    return "zephyls: the protection of \"" + title +
+           "\" is lost: this machine has no fingerprint reader\n";
+  };
+  const std::string off = "--biometrics=off";
+  EXPECT_EQ(change({"enable", off, "Work"}).errors, "");
+  EXPECT_EQ(change({"delete", off, "--yes", "Diary"}).errors, lost("Secret"));
+  EXPECT_EQ(change({"edit", off, "Work", "--hide"}).errors, "");
+  writeGroups(kGroups);
+  EXPECT_EQ(reading({"list"}).status, 0);
+  EXPECT_EQ(change({"edit", off, "Work", "--hide"}).errors, lost("Secret") + lost("Diary"));
 }
 
 TEST_F(EditingTest, WithoutATerminalADeletionNeedsYes) {

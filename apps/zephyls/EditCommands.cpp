@@ -138,7 +138,7 @@ int setEnabled(Session& session, Output& output, bool enabled) {
   askForFingerprint(session, output, groups);
   std::vector<GroupChange> changes;
   {
-    LockedGroups locked(session);
+    LockedGroups locked(session, output);
     ZephylVector changed;
     for (const ZephylRef& known : groups) {
       const ZephylRef group = locked.copyOf(known);
@@ -172,17 +172,19 @@ int createGroup(Session& session, Output& output) {
   }
   GroupChange change;
   {
-    LockedGroups locked(session);
+    LockedGroups locked(session, output);
     const auto group = std::make_shared<Zephyl>(Dictionary{{keys::kEnabled, true}});
     locked.giveFreeIdentifier(group);
     group->setCreatedDate(Date::since1970(host().clock().now()));
     apply(wishes, *group);
     group->setContacts(std::make_shared<const MemberSet>(members));
+    NewPictures pictures(session.places());
     if (wishes.png) {
-      storePicture(group, *wishes.png);
+      pictures.store(group, *wishes.png);
       change.hasNewPicture = true;
     }
     locked.add({group});
+    pictures.keep();
     change.group = group;
     change.after = group->dictionaryRepresentation();
   }
@@ -203,12 +205,13 @@ int editGroup(Session& session, Output& output) {
   askForFingerprint(session, output, {known});
   GroupChange change;
   {
-    LockedGroups locked(session);
+    LockedGroups locked(session, output);
     const ZephylRef group = locked.copyOf(known);
     change.before = group->dictionaryRepresentation();
     apply(wishes, *group);
+    NewPictures pictures(session.places());
     if (wishes.png) {
-      storePicture(group, *wishes.png);
+      pictures.store(group, *wishes.png);
       change.hasNewPicture = true;
     }
     change.after = group->dictionaryRepresentation();
@@ -216,6 +219,7 @@ int editGroup(Session& session, Output& output) {
     if (change.isAny()) {
       locked.update({group});
     }
+    pictures.keep();
   }
   session.settle();
   printChange(session, output, change);
@@ -241,7 +245,7 @@ int deleteGroups(Session& session, Output& output) {
   askForFingerprint(session, output, groups);
   std::vector<GroupChange> changes;
   {
-    LockedGroups locked(session);
+    LockedGroups locked(session, output);
     ZephylVector current;
     for (const ZephylRef& known : groups) {
       current.push_back(locked.current(known));
@@ -270,7 +274,7 @@ int activateGroup(Session& session, Output& output) {
   askForFingerprint(session, output, {known});
   std::vector<GroupChange> changes;
   {
-    LockedGroups locked(session);
+    LockedGroups locked(session, output);
     if (!locked.current(known)->isEnabled()) {
       throw CommandError("the group \"" + known->title() +
                          "\" is disabled; enable it before it is activated");

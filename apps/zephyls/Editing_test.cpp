@@ -55,6 +55,36 @@ TEST_P(ReleasesTest, APictureIsStoredAsPngUnderTheIdentifier) {
   EXPECT_EQ(read(pictures() / name), onePixelPng());
 }
 
+TEST_P(ReleasesTest, AFailedSaveLeavesThePicturesAsTheyWere) {
+  write(folder_ / "one.bmp", onePixelBmp());
+  write(folder_ / "one.png", onePixelPng());
+  const std::string bmp = (folder_ / "one.bmp").string();
+  const std::string work = (folder_ / "work.json").string();
+  const std::string home = (folder_ / "home.json").string();
+  change({"create", "Work", "--picture", bmp});
+  change({"create", "Home", "--picture", bmp});
+  change({"export", work, "Work"});
+  change({"export", home, "Home"});
+  change({"edit", "Work", "--picture", (folder_ / "one.png").string()});
+  change({"delete", "--yes", "Home"});
+  const auto stored = [&] {
+    Listing contents;
+    for (const auto& entry : std::filesystem::directory_iterator(pictures())) {
+      contents[entry.path().string()] = read(entry.path());
+    }
+    return contents;
+  };
+  const Listing before = stored();
+  EXPECT_EQ(before.at(pictures() / (identifierOf("Work") + ".png")), onePixelPng());
+  write(folder_ / "state", "no folder");
+  environment_["XDG_STATE_HOME"] = (folder_ / "state").string();
+  expectRefused({"edit", "Work", "--picture", bmp}, "Unable to save groups to disk.");
+  expectRefused({"create", "Other", "--picture", bmp}, "Unable to save groups to disk.");
+  expectRefused({"import", work, "--replace", "--yes"}, "Nothing was imported.");
+  expectRefused({"import", home, "--replace", "--yes"}, "Nothing was imported.");
+  EXPECT_EQ(stored(), before);
+}
+
 TEST_P(ReleasesTest, WhatIsNoPictureIsRefused) {
   EXPECT_EQ(titles(), Texts());
   write(folder_ / "text.png", "no picture");

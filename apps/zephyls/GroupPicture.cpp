@@ -1,5 +1,7 @@
 #include "apps/zephyls/GroupPicture.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "platform/Host.h"
@@ -47,9 +49,31 @@ std::string checkedPictureFile(const std::string& file) {
   return checkedPicture(Data(reading.contents->begin(), reading.contents->end()), file);
 }
 
-void storePicture(const ZephylRef& group, const std::string& png) {
+void NewPictures::remember(const std::string& path) {
+  std::optional<std::string> contents = host().files().contentsAtPath(path);
+  // A file that cannot be read must not be taken for none, which would be removed.
+  if (contents || !host().files().fileExistsAtPath(path)) {
+    before_.push_back({path, std::move(contents)});
+  }
+}
+
+// Not through the system shell, whatever the release: it takes whole pictures only and removes
+// none.
+NewPictures::~NewPictures() {
+  for (auto one = before_.rbegin(); one != before_.rend(); ++one) {
+    if (one->contents) {
+      host().files().writeToFileAtomically(one->path, *one->contents);
+    } else {
+      std::error_code error;
+      std::filesystem::remove(places_.onDevice(one->path), error);
+    }
+  }
+}
+
+void NewPictures::store(const ZephylRef& group, const std::string& png) {
   const std::string name = std::to_string(group->identifier()) + ".png";
   const std::string path = std::string(kGroupPicturesDirectory) + "/" + name;
+  remember(path);
   const bool stored =
       ZPUtils::isIOS12() ? sendPicture(path, png) : host().files().writeToFileAtomically(path, png);
   if (!stored) {

@@ -6,6 +6,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "apps/common/DeviceLock.h"
 #include "store/ZephylArray.h"
@@ -16,12 +18,14 @@ class NSError;
 
 namespace zephyl::app {
 
+class Output;
 class Session;
 
 class LockedGroups {
  public:
-  // Waits for its turn and loads the groups anew. Throws CommandError, as every call here.
-  explicit LockedGroups(Session& session);
+  // Waits for its turn and loads the groups anew. Throws CommandError, as every call here. `output`
+  // must outlive this.
+  LockedGroups(Session& session, Output& output);
 
   // The group of that identifier as it is now. It is an error when it is gone, and when it is
   // protected now but was not when `known` was asked for.
@@ -41,9 +45,21 @@ class LockedGroups {
   void remove(const ZephylVector& groups);
 
  private:
+  struct ProtectedGroup {
+    std::int64_t identifier;
+    std::string title;
+  };
+
+  [[nodiscard]] static std::vector<ProtectedGroup> protectedGroups();
   [[nodiscard]] ZephylRef find(std::int64_t identifier) const;
+  // Kept: without a reader a save clears the protection of all groups. Tells it once of those that
+  // the save leaves.
+  void tellLostProtection(const ZephylVector& removed);
 
   const DeviceLock lock_;
+  Output& output_;
+  // As stored; empty once their loss is told.
+  std::vector<ProtectedGroup> protected_;
 };
 
 }  // namespace zephyl::app

@@ -39,7 +39,7 @@ int editMembers(Session& session, Output& output, const ZephylRef& known, const 
   askForFingerprint(session, output, {known});
   GroupChange change;
   {
-    LockedGroups locked(session);
+    LockedGroups locked(session, output);
     const ZephylRef group = locked.copyOf(known);
     change.before = group->dictionaryRepresentation();
     MemberSet members = membersOf(group);

@@ -136,26 +136,27 @@ std::vector<std::string> checkedPictures(const std::vector<TransferredGroup>& do
 // all what goes, so that whatever fails nothing is lost.
 class Import {
  public:
-  Import(LockedGroups& locked, const ImportPlan& plan) : locked_(locked), plan_(plan) {}
+  // All must outlive this.
+  Import(LockedGroups& locked, const ImportPlan& plan, const Places& places)
+      : locked_(locked), plan_(plan), places_(places) {}
 
   void run() {
     ZephylVector added;
     std::vector<GroupChange> creations;
+    NewPictures addedPictures(places_);
     for (const PlannedGroup& planned : plan_.groups) {
-      GroupChange change = planned.change();
-      change.group = change.isAny() ? madeFrom(planned) : planned.existing;
-      change.after = change.group->dictionaryRepresentation();
-      if (planned.existing == nullptr) {
-        added.push_back(change.group);
-        creations.push_back(std::move(change));
+      if (planned.existing != nullptr) {
+        update(planned);
         continue;
       }
-      if (change.isAny()) {
-        locked_.update({change.group});
-      }
-      changes_.push_back(std::move(change));
+      GroupChange change = planned.change();
+      change.group = madeFrom(planned, addedPictures);
+      change.after = change.group->dictionaryRepresentation();
+      added.push_back(change.group);
+      creations.push_back(std::move(change));
     }
     locked_.add(added);
+    addedPictures.keep();
     append(creations);
     remove();
   }
@@ -163,15 +164,27 @@ class Import {
   [[nodiscard]] const std::vector<GroupChange>& changes() const { return changes_; }
 
  private:
+  void update(const PlannedGroup& planned) {
+    GroupChange change = planned.change();
+    NewPictures pictures(places_);
+    change.group = change.isAny() ? madeFrom(planned, pictures) : planned.existing;
+    change.after = change.group->dictionaryRepresentation();
+    if (change.isAny()) {
+      locked_.update({change.group});
+    }
+    pictures.keep();
+    changes_.push_back(std::move(change));
+  }
+
   // The group with its picture, not saved yet.
-  [[nodiscard]] ZephylRef madeFrom(const PlannedGroup& planned) const {
+  [[nodiscard]] ZephylRef madeFrom(const PlannedGroup& planned, NewPictures& pictures) const {
     // Takes a fresh identifier when the dictionary has none.
     auto group = std::make_shared<Zephyl>(planned.after);
     if (planned.existing == nullptr) {
       locked_.giveFreeIdentifier(group);
     }
     if (!planned.png.empty()) {
-      storePicture(group, planned.png);
+      pictures.store(group, planned.png);
     }
     return group;
   }
@@ -195,6 +208,7 @@ class Import {
 
   LockedGroups& locked_;
   const ImportPlan& plan_;
+  const Places& places_;
   std::vector<GroupChange> changes_;
 };
 
@@ -288,10 +302,10 @@ int importGroups(Session& session, Output& output) {
   std::vector<GroupChange> changes;
   std::string failure;
   {
-    LockedGroups locked(session);
+    LockedGroups locked(session, output);
     const ImportPlan plan = makePlan();
     checkAsked(plan, expected.affected());
-    Import import(locked, plan);
+    Import import(locked, plan, session.places());
     try {
       import.run();
     } catch (const CommandError& error) {
