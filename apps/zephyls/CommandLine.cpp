@@ -69,9 +69,11 @@ void addSettingCommands(CommandTable& table, Options& options) {
 }
 
 void addCommands(CLI::App& program, CommandTable& table, Options& options) {
-  table.add("conversations", "the conversations, the most recent first", listConversations)
-      .add_option("--group", options.group, "only what this group shows")
+  CLI::App& conversations =
+      table.add("conversations", "the conversations, the most recent first", listConversations);
+  conversations.add_option("--group", options.group, "only what this group shows")
       ->type_name("TITLE|ID");
+  conversations.footer(kAsksForFingerprint);
   addGroupCommands(program, table, options);
   table.add("unread", "unread conversations by group", showUnread);
   table.add("contacts", "the people of the address book", listContacts)

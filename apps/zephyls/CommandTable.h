@@ -38,6 +38,10 @@ class CommandTable {
   Command& chosen_;
 };
 
+// In the help of commands that open or change a group.
+inline constexpr char kAsksForFingerprint[] =
+    "A protected group asks for the fingerprint, on a device that has a reader.";
+
 // For CLI::Validator. An empty name is a variable that was not set in the user's script.
 inline std::string whyEmpty(const std::string& text) {
   return text.empty() ? "must not be empty" : std::string();

@@ -52,6 +52,36 @@ TEST_F(FingerprintTest, EveryChangeOfAProtectedGroupAsks) {
   EXPECT_FALSE(std::filesystem::exists(file));
 }
 
+// Counts are no secret.
+TEST_F(FingerprintTest, OpeningAProtectedGroupAsks) {
+  for (const Texts& words :
+       {Texts{"groups", "show", "Secret"}, Texts{"groups", "show", "Secret", "--json"},
+        Texts{"conversations", "--group", "Secret"},
+        Texts{"conversations", "--group", "Secret", "--json"}}) {
+    Texts all = words;
+    all.insert(all.begin(), {"--biometrics", "on"});
+    const ProgramResult result = runOwn(all);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors.find(kSecretReason), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find("Unable to verify your identity"), std::string::npos);
+    EXPECT_EQ(result.out, "");
+  }
+  EXPECT_EQ(reading({"show", "Work"}).status, 0);
+  EXPECT_EQ(runOwn({"--biometrics", "on", "unread"}).errors, "");
+}
+
+TEST_F(FingerprintTest, TheOverviewTellsOnlyThatAProtectedGroupIsThere) {
+  const ProgramResult locked = runOwn({"--biometrics", "on"});
+  EXPECT_EQ(locked.status, 0);
+  EXPECT_EQ(locked.errors, "");
+  EXPECT_NE(locked.out.find("Secret  2 conversations"), std::string::npos) << locked.out;
+  EXPECT_NE(locked.out.find("protected"), std::string::npos);
+  EXPECT_EQ(locked.out.find("Ann Larkspur"), std::string::npos) << locked.out;
+  // What is hidden there is there.
+  const ProgramResult open = runOwn({"--biometrics", "off"});
+  EXPECT_NE(open.out.find("Ann Larkspur"), std::string::npos) << open.out;
+}
+
 TEST_F(FingerprintTest, SeveralProtectedGroupsAskOnce) {
   const std::string reason =
       "Groups 'Secret and Diary' are protected. Please authenticate uisng your finger print.";

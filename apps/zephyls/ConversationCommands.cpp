@@ -9,6 +9,7 @@
 #include "platform/chatkit/CKConversationList.h"
 
 #include "apps/zephyls/Commands.h"
+#include "apps/zephyls/Consent.h"
 #include "apps/zephyls/Describe.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
@@ -112,10 +113,15 @@ void printHeader(Output& output, const ZephylRef& group, std::size_t conversatio
   output.line(header);
 }
 
+// Of a protected group no more than that it is there: nothing is opened, so nothing is asked.
 void printWithConversations(Session& session, Output& output, const ZephylRef& group) {
   CKConversationArray conversations = session.conversationsOf(group);
   const std::size_t all = conversations.size();
   printHeader(output, group, all);
+  if (isLocked(group)) {
+    output.line("");
+    return;
+  }
   conversations.resize(std::min(all, kOverviewConversations));
   print(output, conversations);
   if (all > conversations.size()) {
@@ -128,9 +134,13 @@ void printWithConversations(Session& session, Output& output, const ZephylRef& g
 
 int listConversations(Session& session, Output& output) {
   session.startGroups();
-  const auto& group = session.options().group;
-  print(output, group ? session.conversationsOf(session.groupNamed(*group))
-                      : host().conversationList().conversations());
+  if (!session.options().group) {
+    print(output, host().conversationList().conversations());
+    return session.exitStatus();
+  }
+  const ZephylRef group = session.groupNamed(*session.options().group);
+  askForFingerprint(session, output, {group});
+  print(output, session.conversationsOf(group));
   return session.exitStatus();
 }
 

@@ -16,8 +16,6 @@ namespace {
 constexpr char kTitleOrIdentifier[] = "title, exactly, or identifier";
 constexpr char kWho[] =
     "a record id, full name, phone number or e-mail address, or the GUID of a conversation";
-constexpr char kAsksForFingerprint[] =
-    "A protected group asks for the fingerprint, on a device that has a reader.";
 
 // Below the options in the command's help.
 void explain(CLI::App& command, const std::string& text = {}) {
@@ -177,9 +175,10 @@ void addGroupCommands(CLI::App& program, CommandTable& table, Options& options) 
   groups.fallthrough();
   groups.require_subcommand(1);
   table.add(groups, "list", "every group, with its settings and counts", listGroups);
-  addGroupOption(
-      table.add(groups, "show", "one group with its members and conversations", showGroup),
-      options);
+  CLI::App& show =
+      table.add(groups, "show", "one group with its members and conversations", showGroup);
+  explain(show);
+  addGroupOption(show, options);
   addEditingCommands(groups, table, options);
   addMemberCommands(groups, table, options);
   addTransferCommands(groups, table, options);

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/zephyls/Commands.h"
+#include "apps/zephyls/Consent.h"
 #include "apps/zephyls/Describe.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
@@ -93,6 +94,7 @@ int listGroups(Session& session, Output& output) {
 int showGroup(Session& session, Output& output) {
   session.startGroups();
   const ZephylRef group = session.groupNamed(session.options().group.value_or(""));
+  askForFingerprint(session, output, {group});
   const CKConversationArray conversations = session.conversationsOf(group);
   if (!output.isJson()) {
     printGroup(output, group, conversations);
