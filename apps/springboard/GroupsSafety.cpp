@@ -33,11 +33,16 @@ std::string groupCopiesFolder(const std::string& stateFolder, const std::string&
   return (fs::path(stateFolder) / "copies" / name).string();
 }
 
+std::string groupNotesFolder(const std::string& deviceRoot) {
+  return (fs::path(deviceRoot) / "safety").string();
+}
+
 linux_host::SafetyOptions safetyOfGroups(const std::string& stateFolder,
                                          const std::string& deviceRoot) {
   linux_host::SafetyOptions options;
   options.path = kGroupsFilePath;
   options.folder = groupCopiesFolder(stateFolder, deviceRoot);
+  options.notes = groupNotesFolder(deviceRoot);
   options.whyUnreadable = whyNoGroupsAtAll;
   options.describeChange = describeSave;
   return options;

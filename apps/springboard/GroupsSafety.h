@@ -15,6 +15,10 @@ namespace zephyl::app {
 [[nodiscard]] std::string groupCopiesFolder(const std::string& stateFolder,
                                             const std::string& deviceRoot);
 
+// The folder of what programs must know of one another's saves, in the device root itself: programs
+// that were started in different ways may have different state folders.
+[[nodiscard]] std::string groupNotesFolder(const std::string& deviceRoot);
+
 [[nodiscard]] linux_host::SafetyOptions safetyOfGroups(const std::string& stateFolder,
                                                        const std::string& deviceRoot);
 

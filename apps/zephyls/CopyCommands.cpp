@@ -25,6 +25,7 @@
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
 #include "hosts/linux/safety/CopyFolder.h"
+#include "hosts/linux/safety/SaveNotes.h"
 #include "model/ZephylKeys.h"
 #include "services/ZPUtils.h"
 #include "store/ZephylsDataController.h"
@@ -109,12 +110,13 @@ void askForProtected(Session& session, Output& output, const Array& groups) {
 }
 
 // Makes the groups those of the copy, as whoever owns the file does it.
-bool save(const CopyFolder& folder, const Copy& copy) {
+bool save(const Session& session, const Copy& copy) {
   const bool isOwner = !ZPUtils::isIOS12();
   // Another owner writes the groups in its own form.
   const std::string written = isOwner ? copy.contents : writeXmlPropertyList(Value(copy.groups));
-  if (const auto failed = folder.announce(written, "before restoring " + copy.name)) {
-    throw CommandError("cannot write to the safety copies: " + *failed);
+  const linux_host::SaveNotes notes(groupNotesFolder(session.places().device.string()));
+  if (const auto failed = notes.announce(written, "before restoring " + copy.name)) {
+    throw CommandError("the restoring cannot be noted: " + *failed);
   }
   return isOwner ? host().files().writeToFile(kGroupsFilePath, copy.contents)
                  : ZephylsDataController().saveGroupsDataToDisk(copy.groups);
@@ -158,7 +160,7 @@ int restoreCopy(Session& session, Output& output) {
     if (!(store.getAllGroups().value_or(Array()) == before)) {
       throw CommandError("another program has changed the groups meanwhile; try again");
     }
-    if (!save(folder, copy)) {
+    if (!save(session, copy)) {
       throw CommandError("the groups could not be saved; they are as they were");
     }
   }

@@ -13,8 +13,6 @@
 #include <tuple>
 #include <utility>
 
-#include "hosts/linux/safety/WriteJournal.h"
-
 namespace zephyl::linux_host {
 
 namespace {
@@ -23,7 +21,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kContentEnding = ".plist";
 constexpr std::string_view kReasonEnding = ".txt";
-constexpr char kAnnouncement[] = "announced";
 
 // What the names of copies sort by.
 struct CopyName {
@@ -129,8 +126,7 @@ bool isHalfDone(std::string_view file) {
     return false;
   }
   const std::string_view own = file.substr(0, file.size() - kEnding);
-  // Not an announcement, which is made by somebody else at any time.
-  return own == kJournalName || copyOfFile(own, kContentEnding) || copyOfFile(own, kReasonEnding);
+  return copyOfFile(own, kContentEnding) || copyOfFile(own, kReasonEnding);
 }
 
 }  // namespace
@@ -188,23 +184,6 @@ void CopyFolder::removeSurplus() const {
       fs::remove(fs::path(folder_) / file, ignored);
     }
   }
-}
-
-FileFailure CopyFolder::announce(const std::string& contents, const std::string& reason) const {
-  const std::string text = ContentMark::of(contents).sha256 + "\n" + reason;
-  return replaceFile(folder_ + "/" + kAnnouncement, text);
-}
-
-std::string CopyFolder::takeAnnounced(const std::string& contents) const {
-  const std::string path = folder_ + "/" + kAnnouncement;
-  const std::string text = readWholeFile(path).contents.value_or("");
-  if (text.empty()) {
-    return {};
-  }
-  std::error_code ignored;
-  fs::remove(path, ignored);
-  const std::string mark = ContentMark::of(contents).sha256 + "\n";
-  return text.starts_with(mark) ? text.substr(mark.size()) : std::string();
 }
 
 }  // namespace zephyl::linux_host

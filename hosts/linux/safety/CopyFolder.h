@@ -36,6 +36,9 @@ class CopyFolder {
   // Missing for a name that is none of a copy.
   [[nodiscard]] FileReading contentsOf(const std::string& name) const;
 
+  // The file of a copy's content.
+  [[nodiscard]] std::string contentPath(const std::string& name) const;
+
   // On the disk when this returns, in a folder that is there. When the newest copy has the same
   // content, that one takes the reason. A new name always follows on the newest, also after the
   // clock was set back.
@@ -49,13 +52,7 @@ class CopyFolder {
   // removed stays for the next time.
   void removeSurplus() const;
 
-  // The next content to be written under another reason than what it changes, such as one that
-  // goes back to a copy. Whoever writes next takes it, and learns the reason if it was meant.
-  [[nodiscard]] FileFailure announce(const std::string& contents, const std::string& reason) const;
-  [[nodiscard]] std::string takeAnnounced(const std::string& contents) const;
-
  private:
-  [[nodiscard]] std::string contentPath(const std::string& name) const;
   [[nodiscard]] std::string reasonPath(const std::string& name) const;
 
   std::string folder_;

@@ -108,11 +108,11 @@ TEST_F(CopyFolderTest, TheLastTwentyStayEachWithItsReason) {
 TEST_F(CopyFolderTest, WhatWasLeftHalfDoneGoesAndWhatIsOfOthersStays) {
   const std::string name = keep("content");
   for (const char* file : {"20200913-122640-250.plist.Ab12cd", "20200913-122640-251.txt",
-                           "20200913-122641-000.txt.000000", "writing.zzzzzz"}) {
+                           "20200913-122641-000.txt.000000"}) {
     top_.put("/" + std::string(file), "half");
   }
-  const std::vector<std::string> others = {
-      "notes.txt", "writing", "saved", "lock", "20200913-122640-25x.plist", "notes.Ab12cd"};
+  const std::vector<std::string> others = {"notes.txt", "writing.zzzzzz",
+                                           "20200913-122640-25x.plist", "notes.Ab12cd"};
   for (const std::string& file : others) {
     top_.put("/" + file, "mine");
   }
@@ -138,15 +138,6 @@ TEST_F(CopyFolderTest, WithoutAFolderThereAreNoCopiesAndNoneCanBeMade) {
   const CopyFolder none(top_.path() + "/none");
   EXPECT_THAT(none.copies(), IsEmpty());
   EXPECT_NE(none.keep("content", "", kNow).failure, std::nullopt);
-}
-
-TEST_F(CopyFolderTest, AnAnnouncementIsTakenOnceAndOnlyForItsContent) {
-  ASSERT_FALSE(folder_.announce("content", "before going back"));
-  EXPECT_EQ(folder_.takeAnnounced("content"), "before going back");
-  EXPECT_EQ(folder_.takeAnnounced("content"), "");
-  ASSERT_FALSE(folder_.announce("content", "before going back"));
-  EXPECT_EQ(folder_.takeAnnounced("other"), "");
-  EXPECT_EQ(folder_.takeAnnounced("content"), "");
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ TEST_F(InterruptedWriteTest, AProgramThatRunsMendsWhatAnotherLeft) {
 
 TEST_F(InterruptedWriteTest, ADamagedNoteTellsNothing) {
   leaveInterrupted("good old", "good new", "good nld");
-  top_.put("/state/copies/writing", "zephyls save 1\nbefore");
+  top_.put("/safety/writing", "zephyls save 1\nbefore");
   EXPECT_EQ(read(), "good nld");
   EXPECT_FALSE(write("good newest"));
   EXPECT_FALSE(hasJournal());
@@ -126,7 +126,7 @@ TEST_F(InterruptedWriteTest, DamageByOthersIsReplacedByTheNewestGoodCopy) {
   ASSERT_FALSE(write("good 1"));
   ASSERT_FALSE(write("good 2"));
   ASSERT_FALSE(write("good 3"));
-  std::filesystem::remove(options().folder + "/saved");
+  std::filesystem::remove(options().notes + "/saved");
   top_.put("/state/copies/" + folder().copies()[0].name + ".plist", "bad");
   top_.put("/file", "bad");
   restart();

@@ -84,7 +84,8 @@ class KilledAtEachCallTest : public SafetyFixture {
  protected:
   // A program saves a list of so many lines and is killed after `steps`, or else ends.
   [[nodiscard]] bool isKilledWhileSaving(long lines, int steps) {
-    TracedProgram program({ZEPHYLS_SAVER, real(), options().folder, std::to_string(lines)});
+    TracedProgram program(
+        {ZEPHYLS_SAVER, real(), options().folder, options().notes, std::to_string(lines)});
     EXPECT_TRUE(program.runUntilItStops());
     for (int step = 0; step < steps; ++step) {
       if (!program.step()) {

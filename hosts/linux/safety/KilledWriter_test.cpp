@@ -30,22 +30,21 @@ class KilledWriterTest : public SafetyFixture {
 TEST_F(KilledWriterTest, LosesNothingThatWasAcknowledged) {
   long held = 0;
   int unheard = 0;
-  const int killed =
-      test::killAtRandom({{ZEPHYLS_SAVER, real(), options().folder}, [&](long acknowledged) {
-                            restart();
-                            const auto contents = read();
-                            const long lines = contents ? linesOf(*contents) : 0;
-                            // What an earlier save in flight left counts too, since it was read
-                            // again.
-                            held = std::max(held, acknowledged);
-                            // The save in flight may have come to its end without anybody hearing
-                            // of it.
-                            EXPECT_TRUE(lines == held || lines == held + 1)
-                                << lines << " lines, " << held << " held";
-                            unheard += lines > held ? 1 : 0;
-                            held = lines;
-                            EXPECT_FALSE(hasJournal());
-                          }});
+  const int killed = test::killAtRandom(
+      {{ZEPHYLS_SAVER, real(), options().folder, options().notes}, [&](long acknowledged) {
+         restart();
+         const auto contents = read();
+         const long lines = contents ? linesOf(*contents) : 0;
+         // What an earlier save in flight left counts too, since it was read
+         // again.
+         held = std::max(held, acknowledged);
+         // The save in flight may have come to its end without anybody hearing
+         // of it.
+         EXPECT_TRUE(lines == held || lines == held + 1) << lines << " lines, " << held << " held";
+         unheard += lines > held ? 1 : 0;
+         held = lines;
+         EXPECT_FALSE(hasJournal());
+       }});
   EXPECT_GE(killed, 100);
   // The next save clears up what the last program left.
   EXPECT_FALSE(write("good\n"));

@@ -16,16 +16,6 @@ namespace {
 
 constexpr char kBusy[] = "another program has been writing it for too long; try again";
 
-bool isThere(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::exists(path, error);
-}
-
-std::optional<WriteJournal> journalIn(const std::string& path) {
-  const FileReading reading = readWholeFile(path);
-  return reading.contents ? readJournal(*reading.contents) : std::nullopt;
-}
-
 std::optional<ContentMark> markOf(const FileReading& reading) {
   return reading.contents ? std::optional(ContentMark::of(*reading.contents)) : std::nullopt;
 }
@@ -39,37 +29,55 @@ struct SafetyCopies::Good {
 };
 
 SafetyCopies::SafetyCopies(SafetyOptions options, SystemLog& log, Clock& clock)
-    : options_(std::move(options)), log_(log), clock_(clock), copies_(options_.folder) {}
+    : options_(std::move(options)),
+      log_(log),
+      clock_(clock),
+      copies_(options_.folder),
+      notes_(options_.notes) {}
 
 bool SafetyCopies::keeps(const std::string& path) const {
   return !options_.path.empty() && path == options_.path;
 }
 
+FileReading SafetyCopies::readInTurn(const std::string& realPath, bool& isTorn) const {
+  const FileLock turn(notes_.lockPath(), FileLock::Kind::kShared, options_.longestWait);
+  if (turn.timedOut()) {
+    return {std::nullopt, kBusy};
+  }
+  FileReading reading = readWholeFile(realPath);
+  isTorn = needsMending(reading);
+  return reading;
+}
+
+FileReading SafetyCopies::readMended(const std::string& realPath) {
+  FileFailure failed = makeFolders(notes_.path());
+  if (failed) {
+    return readAsIfMended(realPath, *failed);
+  }
+  const FileLock turn(notes_.lockPath(), FileLock::Kind::kExclusive, options_.longestWait);
+  if (turn.timedOut()) {
+    return {std::nullopt, kBusy};
+  }
+  failed = turn.failure().empty() ? mend(realPath) : turn.failure();
+  if (failed) {
+    return readAsIfMended(realPath, *failed);
+  }
+  looked_ = true;
+  return readWholeFile(realPath);
+}
+
 FileReading SafetyCopies::read(const std::string& realPath) {
-  FileReading reading;
-  // A folder that cannot be made holds nothing to mend with.
-  const bool hasFolder = !makeFolders(copies_.path());
+  const bool hadNotes = notes_.exists();
   bool isTorn = false;
-  {
-    const FileLock turn(lockPath(), FileLock::Kind::kShared, options_.longestWait);
-    if (turn.timedOut()) {
-      reading.reason = kBusy;
-    } else {
-      reading = readWholeFile(realPath);
-      isTorn = hasFolder && needsMending(reading);
-    }
+  FileReading reading = readInTurn(realPath, isTorn);
+  // Whoever writes makes the folder before it touches the file.
+  if (!hadNotes && notes_.exists()) {
+    reading = readInTurn(realPath, isTorn);
   }
   if (isTorn) {
-    const FileLock turn(lockPath(), FileLock::Kind::kExclusive, options_.longestWait);
-    if (turn.timedOut()) {
-      reading = {std::nullopt, kBusy};
-    } else if (FileFailure failed = mend(realPath)) {
-      reading = {std::nullopt, *failed};
-    } else {
-      reading = readWholeFile(realPath);
-    }
+    reading = readMended(realPath);
   }
-  looked_ = looked_ || reading.contents;
+  looked_ = looked_ || (reading.contents && !isTorn);
   readFailed_ = !reading.reason.empty();
   return reading;
 }
@@ -82,9 +90,12 @@ FileFailure SafetyCopies::write(const std::string& realPath, const std::string& 
   if (FileFailure failed = makeFolders(copies_.path())) {
     return "no safety copy can be kept: " + *failed;
   }
-  const FileLock turn(lockPath(), FileLock::Kind::kExclusive, options_.longestWait);
+  if (FileFailure failed = makeFolders(notes_.path())) {
+    return "the write cannot be noted: " + *failed;
+  }
+  const FileLock turn(notes_.lockPath(), FileLock::Kind::kExclusive, options_.longestWait);
   if (turn.timedOut() || !turn.failure().empty()) {
-    return turn.timedOut() ? kBusy : "no safety copy can be kept: " + turn.failure();
+    return turn.timedOut() ? kBusy : "the write cannot be noted: " + turn.failure();
   }
   if (FileFailure failed = mend(realPath)) {
     return failed;
@@ -101,7 +112,7 @@ FileFailure SafetyCopies::write(const std::string& realPath, const std::string& 
 
 std::string SafetyCopies::reasonFor(const std::string& oldContents,
                                     const std::string& newContents) const {
-  std::string announced = copies_.takeAnnounced(newContents);
+  std::string announced = notes_.takeAnnounced(newContents);
   if (!announced.empty() || !options_.describeChange) {
     return announced;
   }
@@ -112,15 +123,15 @@ FileFailure SafetyCopies::writeKept(const std::string& realPath, const FileReadi
                                     const std::string& contents) {
   WriteJournal journal{markOf(old), "", contents};
   if (old.contents && !(options_.whyUnreadable && options_.whyUnreadable(*old.contents))) {
-    CopyFolder::Kept kept =
+    const CopyFolder::Kept kept =
         copies_.keep(*old.contents, reasonFor(*old.contents, contents), clock_.now());
     if (kept.failure) {
       return "no safety copy can be kept: " + *kept.failure;
     }
-    journal.copy = std::move(kept.name);
+    journal.copy = copies_.contentPath(kept.name);
     copies_.removeSurplus();
   }
-  if (FileFailure failed = replaceFile(journalPath(), textOf(journal))) {
+  if (FileFailure failed = notes_.begin(journal)) {
     return "the write cannot be noted: " + *failed;
   }
   if (FileFailure failed = writeInPlace(realPath, contents)) {
@@ -130,7 +141,7 @@ FileFailure SafetyCopies::writeKept(const std::string& realPath, const FileReadi
   looked_ = true;
   // What was saved last stays at hand, for a file that is damaged by others. A note that stays does
   // no harm: the content is what it says.
-  if (const FileFailure failed = renameFile(journalPath(), savedPath())) {
+  if (const FileFailure failed = notes_.finish()) {
     log_.log(options_.path + ": written, but " + *failed);
   }
   return std::nullopt;
@@ -145,7 +156,7 @@ void SafetyCopies::undo(const std::string& realPath, const FileReading& old) {
     failed = writeInPlace(realPath, old.contents.value_or(""));
   }
   if (!failed) {
-    failed = removeFile(journalPath());
+    failed = notes_.forget();
   }
   if (failed) {
     log_.log(options_.path + ": the content from before could not be put back yet: " + *failed);
@@ -153,19 +164,37 @@ void SafetyCopies::undo(const std::string& realPath, const FileReading& old) {
 }
 
 bool SafetyCopies::needsMending(const FileReading& reading) const {
-  return isThere(journalPath()) || (!looked_ && reading.contents && options_.whyUnreadable &&
-                                    options_.whyUnreadable(*reading.contents));
+  return notes_.hasWriting() || (!looked_ && reading.contents && options_.whyUnreadable &&
+                                 options_.whyUnreadable(*reading.contents));
 }
 
 FileFailure SafetyCopies::mend(const std::string& realPath) {
-  // A journal is written whole or not at all; one that cannot be read was damaged by others and
-  // tells nothing.
-  if (const auto journal = journalIn(journalPath())) {
+  if (const auto journal = notes_.writing()) {
     if (FileFailure failed = mendInterrupted(realPath, *journal)) {
       return failed;
     }
   }
   return looked_ ? std::nullopt : mendUnreadable(realPath);
+}
+
+FileReading SafetyCopies::readAsIfMended(const std::string& realPath, const std::string& whyNot) {
+  FileReading now = readWholeFile(realPath);
+  const auto journal = notes_.writing();
+  std::optional<Good> good;
+  if (!now.reason.empty()) {
+    return {std::nullopt, whyNot};
+  }
+  if (journal && now.contents != journal->after && markOf(now) != journal->before) {
+    good = goodFor(*journal);
+  } else if (now.contents && options_.whyUnreadable && options_.whyUnreadable(*now.contents)) {
+    good = newestGood();
+  }
+  if (good) {
+    log_.log(options_.path + ": torn, and cannot be mended: " + whyNot +
+             "; read instead: " + good->name);
+    now.contents = std::move(good->contents);
+  }
+  return now;
 }
 
 FileFailure SafetyCopies::mendInterrupted(const std::string& realPath,
@@ -175,18 +204,16 @@ FileFailure SafetyCopies::mendInterrupted(const std::string& realPath,
     return "a save was interrupted, and what it left cannot be read: " + now.reason;
   }
   if (now.contents == journal.after) {
-    return renameFile(journalPath(), savedPath());
+    return notes_.finish();
   }
   if (markOf(now) == journal.before) {
-    return removeFile(journalPath());
+    return notes_.forget();
   }
-  // Without the old content, there was none or none that anybody could read: then the save is done
-  // to its end.
-  const Good good = goodBefore(journal).value_or(Good{journal.after, "what was about to be saved"});
+  const Good good = goodFor(journal);
   if (FileFailure failed = replaceTorn(realPath, "a save was interrupted", good)) {
     return failed;
   }
-  return removeFile(journalPath());
+  return notes_.forget();
 }
 
 FileFailure SafetyCopies::mendUnreadable(const std::string& realPath) {
@@ -216,19 +243,27 @@ FileFailure SafetyCopies::replaceTorn(const std::string& realPath, const std::st
   return std::nullopt;
 }
 
+// Without the old content, there was none or none that anybody could read: then the save is done to
+// its end.
+SafetyCopies::Good SafetyCopies::goodFor(const WriteJournal& journal) const {
+  return goodBefore(journal).value_or(Good{journal.after, "what was about to be saved"});
+}
+
 std::optional<SafetyCopies::Good> SafetyCopies::goodBefore(const WriteJournal& journal) const {
-  const FileReading copy = copies_.contentsOf(journal.copy);
+  // In the folder of whoever wrote, which may be another one than here.
+  const FileReading copy = journal.copy.empty() ? FileReading() : readWholeFile(journal.copy);
   if (copy.contents && ContentMark::of(*copy.contents) == journal.before) {
-    return Good{*copy.contents, "the safety copy " + journal.copy};
+    const std::string name = std::filesystem::path(journal.copy).stem().string();
+    return Good{*copy.contents, "the safety copy " + name};
   }
-  const auto saved = journalIn(savedPath());
+  const auto saved = notes_.saved();
   return saved && ContentMark::of(saved->after) == journal.before
              ? std::optional(Good{saved->after, "what was saved before"})
              : std::nullopt;
 }
 
 std::optional<SafetyCopies::Good> SafetyCopies::newestGood() const {
-  if (auto saved = journalIn(savedPath()); saved && !options_.whyUnreadable(saved->after)) {
+  if (auto saved = notes_.saved(); saved && !options_.whyUnreadable(saved->after)) {
     return Good{std::move(saved->after), "what was saved last"};
   }
   for (const SafetyCopy& copy : copies_.copies()) {

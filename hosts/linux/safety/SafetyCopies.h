@@ -1,11 +1,11 @@
 // Writes one file in place so that nothing is ever lost of it: the content before is copied to a
-// folder of its own and the write noted there, both on the disk before the first byte changes. A
-// process that ends in the middle leaves what the next one needs to put the old content back; it
+// folder of its own and the write noted in another, both on the disk before the first byte changes.
+// A process that ends in the middle leaves what the next one needs to put the old content back; it
 // does so by itself, with the first reading or writing, and tells the system log.
 //
-// Programs and threads exclude one another through a lock in that folder, so those that are given
-// different folders for one file do not. Mechanism only: what content is good, and what a change is
-// called, is decided by the functions given. Any thread.
+// Programs and threads exclude one another through a lock in the folder of the notes, which all of
+// them must be given alike; folders of copies may differ. Mechanism only: what content is good, and
+// what a change is called, is decided by the functions given. Any thread.
 
 #pragma once
 
@@ -17,6 +17,7 @@
 
 #include "hosts/linux/FileContents.h"
 #include "hosts/linux/safety/CopyFolder.h"
+#include "hosts/linux/safety/SaveNotes.h"
 #include "hosts/linux/safety/WriteJournal.h"
 
 namespace zephyl {
@@ -31,6 +32,7 @@ class FileLock;
 struct SafetyOptions {
   std::string path;    // the phone's path of the file; empty: no file is kept
   std::string folder;  // of the copies, on this machine; made when needed
+  std::string notes;   // the folder that goes with the file; made when needed
 
   // Why content cannot be what the file should hold, so that a good copy takes its place.
   std::function<std::optional<std::string>(const std::string& contents)> whyUnreadable;
@@ -54,7 +56,8 @@ class SafetyCopies {
   [[nodiscard]] bool keeps(const std::string& path) const;
 
   // Never a half-written content. Fails when another program writes for too long, and when an
-  // interrupted write cannot be undone. Without a folder that can be written it reads all the same.
+  // interrupted write cannot be undone. What cannot be written, such as a read-only disk, is read
+  // all the same: then a torn file is left and the old content given. Makes no folder.
   [[nodiscard]] FileReading read(const std::string& realPath);
 
   // Refuses, with the old content untouched, when no copy of it can be made: a change that is
@@ -67,9 +70,10 @@ class SafetyCopies {
  private:
   struct Good;
 
-  [[nodiscard]] std::string lockPath() const { return copies_.path() + "/lock"; }
-  [[nodiscard]] std::string journalPath() const { return copies_.path() + "/" + kJournalName; }
-  [[nodiscard]] std::string savedPath() const { return copies_.path() + "/saved"; }
+  [[nodiscard]] FileReading readInTurn(const std::string& realPath, bool& isTorn) const;
+  [[nodiscard]] FileReading readMended(const std::string& realPath);
+  // Changes nothing; for a file that cannot be mended for that reason.
+  [[nodiscard]] FileReading readAsIfMended(const std::string& realPath, const std::string& whyNot);
 
   // The rest is called with the lock held alone.
   [[nodiscard]] FileFailure writeKept(const std::string& realPath, const FileReading& old,
@@ -85,6 +89,7 @@ class SafetyCopies {
   [[nodiscard]] FileFailure mendUnreadable(const std::string& realPath);
   [[nodiscard]] FileFailure replaceTorn(const std::string& realPath, const std::string& why,
                                         const Good& good);
+  [[nodiscard]] Good goodFor(const WriteJournal& journal) const;
   [[nodiscard]] std::optional<Good> goodBefore(const WriteJournal& journal) const;
   [[nodiscard]] std::optional<Good> newestGood() const;
 
@@ -92,6 +97,7 @@ class SafetyCopies {
   SystemLog& log_;
   Clock& clock_;
   const CopyFolder copies_;
+  const SaveNotes notes_;
   std::atomic<bool> looked_ = false;      // whether the content was once found good, or mended
   std::atomic<bool> readFailed_ = false;  // whether the last reading did
 };

@@ -22,7 +22,7 @@ using ::testing::SizeIs;
 
 class SafetyCopiesTest : public SafetyFixture {
  protected:
-  [[nodiscard]] std::string lock() const { return options().folder + "/lock"; }
+  [[nodiscard]] std::string lock() const { return options().notes + "/lock"; }
 };
 
 TEST_F(SafetyCopiesTest, WhatIsOverwrittenIsCopiedWithItsReason) {
@@ -44,14 +44,18 @@ TEST_F(SafetyCopiesTest, TheFileIsWrittenInPlace) {
   EXPECT_EQ(top_.read("/same"), "good 2");
 }
 
-TEST_F(SafetyCopiesTest, TheFolderIsForTheUserAlone) {
+TEST_F(SafetyCopiesTest, TheFoldersAreForTheUserAlone) {
   ASSERT_FALSE(write("good 1"));
-  struct stat status {};
-  ASSERT_EQ(::stat(options().folder.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777U, 0700U);
-  for (const std::string& name : top_.namesIn("/state/copies")) {
-    ASSERT_EQ(::stat((options().folder + "/" + name).c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777U, 0600U) << name;
+  ASSERT_FALSE(write("good 2"));
+  for (const std::string& folder : {options().folder, options().notes}) {
+    struct stat status {};
+    ASSERT_EQ(::stat(folder.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0700U);
+    ASSERT_FALSE(std::filesystem::is_empty(folder));
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      ASSERT_EQ(::stat(entry.path().c_str(), &status), 0);
+      EXPECT_EQ(status.st_mode & 0777U, 0600U) << entry.path();
+    }
   }
 }
 
@@ -75,7 +79,7 @@ TEST_F(SafetyCopiesTest, ContentThatIsThereAlreadyMakesNoCopy) {
 
 TEST_F(SafetyCopiesTest, AnAnnouncedWriteIsTheReason) {
   ASSERT_FALSE(write("good 1"));
-  ASSERT_FALSE(folder().announce("good 2", "before going back"));
+  ASSERT_FALSE(SaveNotes(options().notes).announce("good 2", "before going back"));
   ASSERT_FALSE(write("good 2"));
   ASSERT_FALSE(write("good 3"));
   EXPECT_EQ(folder().copies()[0].reason, "before good 2 became good 3");
@@ -121,7 +125,7 @@ TEST_F(SafetyCopiesTest, WithoutRoomForTheCopyNothingIsWritten) {
   const std::string next = "good" + std::string(59'000, '2');
   ASSERT_TRUE(copies.write(real(), next, any));
   EXPECT_EQ(copies.read(real()).contents, "good" + std::string(60'000, '1'));
-  EXPECT_FALSE(disk.folder().has("/copies/writing"));
+  EXPECT_FALSE(hasJournal());
   EXPECT_THAT(log_.lines(), IsEmpty());
 }
 

@@ -22,6 +22,7 @@ class SafetyFixture : public ::testing::Test {
     SafetyOptions options;
     options.path = "/file";
     options.folder = top_.path() + "/state/copies";
+    options.notes = top_.path() + "/safety";
     options.whyUnreadable = [](const std::string& contents) {
       return contents.starts_with("good") ? std::nullopt
                                           : std::optional<std::string>("it is not good");
@@ -43,7 +44,7 @@ class SafetyFixture : public ::testing::Test {
 
   [[nodiscard]] std::string real() const { return top_.path() + "/file"; }
   [[nodiscard]] CopyFolder folder() const { return CopyFolder(options().folder); }
-  [[nodiscard]] bool hasJournal() const { return top_.has("/state/copies/writing"); }
+  [[nodiscard]] bool hasJournal() const { return top_.has("/safety/writing"); }
 
   // The newest first.
   [[nodiscard]] std::vector<std::string> copiedContents() const {
@@ -70,11 +71,11 @@ class SafetyFixture : public ::testing::Test {
     EXPECT_FALSE(makeFolders(options().folder));
     const CopyFolder::Kept kept = folder().keep(before, "", clock_.now());
     EXPECT_FALSE(kept.failure);
-    leaveNote({ContentMark::of(before), kept.name, after}, torn);
+    leaveNote({ContentMark::of(before), folder().contentPath(kept.name), after}, torn);
   }
   void leaveNote(const WriteJournal& journal, const std::optional<std::string>& torn) {
-    EXPECT_FALSE(makeFolders(options().folder));
-    top_.put("/state/copies/writing", textOf(journal));
+    EXPECT_FALSE(makeFolders(options().notes));
+    top_.put("/safety/writing", textOf(journal));
     std::filesystem::remove(real());
     if (torn) {
       top_.put("/file", *torn);

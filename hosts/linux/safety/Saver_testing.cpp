@@ -1,6 +1,7 @@
 // Saves a list that grows by one line a time, through safety copies, until it is killed; prints the
-// number of lines after each save that succeeded. Arguments: the file and the folder of its copies.
-// With a number of lines as well: stops itself, so that it can be watched, and saves that list.
+// number of lines after each save that succeeded. Arguments: the file, the folder of its copies and
+// that of its notes. With a number of lines as well: stops itself, so that it can be watched, and
+// saves that list.
 
 #include <algorithm>
 #include <csignal>
@@ -33,10 +34,11 @@ std::string listOf(long lines) {
   return list;
 }
 
-SafetyOptions optionsFor(const std::string& folder) {
+SafetyOptions optionsFor(const std::string& folder, const std::string& notes) {
   SafetyOptions options;
   options.path = "/list";
   options.folder = folder;
+  options.notes = notes;
   options.whyUnreadable = [](const std::string& contents) {
     return contents.starts_with("good\n") ? std::nullopt : std::optional<std::string>("torn");
   };
@@ -64,13 +66,13 @@ int saveUntilKilled(SafetyCopies& copies, const std::string& file) {
 }
 
 int run(int argc, char** argv) {
-  if (argc < 3 || argc > 4) {
+  if (argc < 4 || argc > 5) {
     return 2;
   }
   ErrorLog log;
   LinuxClock clock;
-  SafetyCopies copies(optionsFor(argv[2]), log, clock);
-  return argc == 4 ? saveOnce(copies, argv[1], std::strtol(argv[3], nullptr, 10))
+  SafetyCopies copies(optionsFor(argv[2], argv[3]), log, clock);
+  return argc == 5 ? saveOnce(copies, argv[1], std::strtol(argv[4], nullptr, 10))
                    : saveUntilKilled(copies, argv[1]);
 }
 

@@ -18,6 +18,16 @@ std::string textOf(const ContentMark& mark) {
   return std::to_string(mark.size) + " " + mark.sha256;
 }
 
+// On one line, whatever bytes are in it.
+std::string lineOf(const std::string& path) {
+  return QByteArray::fromStdString(path).toPercentEncoding("/").toStdString();
+}
+
+std::string pathOf(std::string_view line) {
+  const QByteArray bytes(line.data(), static_cast<qsizetype>(line.size()));
+  return QByteArray::fromPercentEncoding(bytes).toStdString();
+}
+
 std::optional<ContentMark> readMark(std::string_view text) {
   ContentMark mark;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), mark.size);
@@ -52,7 +62,7 @@ std::string textOf(const WriteJournal& journal) {
   std::string text(kFirstLine);
   text.append("\n").append(kBefore);
   text.append(journal.before ? textOf(*journal.before) : kMissing);
-  text.append("\n").append(kCopy).append(journal.copy);
+  text.append("\n").append(kCopy).append(lineOf(journal.copy));
   text.append("\n").append(kAfter).append(textOf(ContentMark::of(journal.after)));
   return text.append("\n\n").append(journal.after);
 }
@@ -67,7 +77,7 @@ std::optional<WriteJournal> readJournal(std::string_view text) {
       readMark(*after) != ContentMark::of(text)) {
     return std::nullopt;
   }
-  WriteJournal journal{std::nullopt, std::string(*copy), std::string(text)};
+  WriteJournal journal{std::nullopt, pathOf(*copy), std::string(text)};
   if (*before != kMissing) {
     journal.before = readMark(*before);
     if (!journal.before) {

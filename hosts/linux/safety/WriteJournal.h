@@ -10,7 +10,7 @@
 
 namespace zephyl::linux_host {
 
-// The journal's file, in the folder of the safety copies.
+// The journal's file, in the folder of the notes.
 inline constexpr char kJournalName[] = "writing";
 
 // Tells contents apart without keeping them.
@@ -24,7 +24,7 @@ struct ContentMark {
 
 struct WriteJournal {
   std::optional<ContentMark> before;  // nothing when there was no file
-  std::string copy;                   // the safety copy that holds it; empty: none
+  std::string copy;                   // the file of the safety copy that holds it; empty: none
   std::string after;                  // the whole new content
 };
 
