@@ -77,5 +77,13 @@ TEST(GroupsSafetyTest, ADeviceRootHasOneFolderHoweverItIsNamed) {
   EXPECT_NE(groupCopiesFolder("/state", top.path() + "/two/device"), folder);
 }
 
+TEST(GroupsSafetyTest, ProgramsOfOneDeviceRootShareNotesWhateverTheirStateFolders) {
+  const linux_host::SafetyOptions one = safetyOfGroups("/one", "/device");
+  const linux_host::SafetyOptions two = safetyOfGroups("/two", "/device");
+  EXPECT_EQ(one.notes, "/device/safety");
+  EXPECT_EQ(two.notes, one.notes);
+  EXPECT_NE(two.folder, one.folder);
+}
+
 }  // namespace
 }  // namespace zephyl::app
