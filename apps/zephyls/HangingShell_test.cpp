@@ -1,7 +1,5 @@
 // How a program fares with a system shell that hangs: a real one, stopped in its tracks.
 
-#include "apps/zephyls/ShellMessagingCenter.h"
-
 #include <chrono>
 #include <csignal>
 #include <memory>
@@ -13,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "apps/springboard/ShellTest.h"
+#include "apps/zephyls/ShellMessagingCenter.h"
 
 namespace zephyl::app::test {
 namespace {
