@@ -79,6 +79,7 @@ Row conversationRow(const CKConversation& conversation) {
 
 std::string traitsOf(const ZephylRef& group) {
   const std::pair<bool, const char*> traits[] = {
+      {group->isActive(), "selected"},
       {!group->isEnabled(), "disabled"},
       {group->isPasswordProtected(), "protected"},
       {group->shouldHideConversationsInDefaultGroups(), "hides its conversations"},
