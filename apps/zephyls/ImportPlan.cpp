@@ -31,11 +31,16 @@ class Partners {
   Partners(ZephylVector free, std::size_t count) : free_(std::move(free)), found_(count) {}
 
   void findByIdentifier(const std::vector<TransferredGroup>& document) {
-    for (std::size_t index = 0; index < document.size(); ++index) {
-      take(index, std::find_if(free_.begin(), free_.end(), [&](const ZephylRef& group) {
-             return group->identifier() == document[index].identifier;
-           }));
-    }
+    find(document, [](const ZephylRef& group, const TransferredGroup& transferred) {
+      return group->identifier() == transferred.identifier;
+    });
+  }
+
+  void findByIdentifierAndTitle(const std::vector<TransferredGroup>& document) {
+    find(document, [](const ZephylRef& group, const TransferredGroup& transferred) {
+      return group->identifier() == transferred.identifier &&
+             group->title() == titleOf(transferred);
+    });
   }
 
   // Nobody is the partner where several might be, unless that is an error.
@@ -60,6 +65,17 @@ class Partners {
   [[nodiscard]] const ZephylVector& withoutAny() const { return free_; }
 
  private:
+  template <class Matches>
+  void find(const std::vector<TransferredGroup>& document, const Matches& matches) {
+    for (std::size_t index = 0; index < document.size(); ++index) {
+      if (found_[index] == nullptr) {
+        take(index, std::find_if(free_.begin(), free_.end(), [&](const ZephylRef& group) {
+               return matches(group, document[index]);
+             }));
+      }
+    }
+  }
+
   void take(std::size_t index, ZephylVector::iterator group) {
     if (group != free_.end()) {
       found_[index] = *group;
@@ -168,8 +184,10 @@ ImportPlan planImport(const std::vector<TransferredGroup>& document,
   ImportPlan plan;
   Planner planner(finder, plan.remarks);
   Partners partners(userGroupsAmong(stored), document.size());
-  partners.findByIdentifier(document);
+  // The identifiers of two devices count the same seconds, so a title tells more than one of them.
+  partners.findByIdentifierAndTitle(document);
   partners.findByTitle(document, /*severalAreAnError=*/mode == ImportMode::kMerge);
+  partners.findByIdentifier(document);
   if (mode == ImportMode::kReplace) {
     plan.deleted = partners.withoutAny();
   }

@@ -1,15 +1,15 @@
 #include "hosts/linux/notices/DesktopNotices.h"
 
-#include <QMetaObject>
 #include <utility>
 
 #include "hosts/linux/notices/NoticeSender.h"
 
 namespace zephyl::linux_host {
 
-DesktopNotices::DesktopNotices(Options options)
-    : sender_(std::make_unique<Sender>(std::move(options))) {
+DesktopNotices::DesktopNotices(Options options) : sender_(new Sender(std::move(options))) {
   sender_->moveToThread(&thread_);
+  // On its own thread, as the last thing that happens there.
+  QObject::connect(&thread_, &QThread::finished, sender_, &QObject::deleteLater);
   thread_.start();
 }
 
@@ -20,8 +20,7 @@ DesktopNotices::~DesktopNotices() {
 
 void DesktopNotices::show(DesktopNotice notice) {
   sender_->add(std::move(notice));
-  QMetaObject::invokeMethod(
-      sender_.get(), [sender = sender_.get()] { sender->sendNext(); }, Qt::QueuedConnection);
+  sender_->wake();
 }
 
 }  // namespace zephyl::linux_host

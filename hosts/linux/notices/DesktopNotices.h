@@ -56,7 +56,7 @@ class DesktopNotices {
   class Sender;
 
   QThread thread_;
-  std::unique_ptr<Sender> sender_;
+  Sender* sender_;  // ends with the thread
 };
 
 }  // namespace zephyl::linux_host

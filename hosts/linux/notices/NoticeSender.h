@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QEvent>
 #include <QObject>
 #include <QString>
 #include <QVariantList>
@@ -30,10 +32,16 @@ class DesktopNotices::Sender : public QObject {
   // Any thread.
   void add(DesktopNotice notice);
 
-  // Unless a call is under way, which does it when it is done.
-  void sendNext();
+  // Any thread; it is sent on the thread of the object. An event of Qt's own, whose way from thread
+  // to thread needs nothing of ours.
+  void wake() { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); }
+
+ protected:
+  void customEvent(QEvent* /*event*/) override { sendNext(); }
 
  private:
+  // Unless a call is under way, which does it when it is done.
+  void sendNext();
   using Answered = std::function<void(const QDBusMessage& reply)>;
 
   [[nodiscard]] std::optional<DesktopNotice> takeNext();
