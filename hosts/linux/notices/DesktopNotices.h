@@ -8,7 +8,6 @@
 #include <QThread>
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <string>
 
 namespace zephyl::linux_host {

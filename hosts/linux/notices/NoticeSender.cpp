@@ -34,6 +34,9 @@ DesktopNotices::Sender::Sender(Options options) : options_(std::move(options)) {
 
 DesktopNotices::Sender::~Sender() {
   disconnect();
+  // The last to come were put there by another thread.
+  const std::lock_guard lock(mutex_);
+  waiting_.clear();
 }
 
 void DesktopNotices::Sender::add(DesktopNotice notice) {
