@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include "hosts/linux/safety/FileLock.h"
+
 namespace zephyl::app {
 
 class DeviceLock {
@@ -12,12 +14,9 @@ class DeviceLock {
   // Waits for its turn, ten seconds at most; then throws CommandError. In a root that cannot be
   // written there is nothing to keep apart, and nothing is held.
   explicit DeviceLock(const std::filesystem::path& deviceRoot);
-  ~DeviceLock();
-  DeviceLock(const DeviceLock&) = delete;
-  DeviceLock& operator=(const DeviceLock&) = delete;
 
  private:
-  int file_ = -1;
+  const linux_host::FileLock lock_;
 };
 
 }  // namespace zephyl::app

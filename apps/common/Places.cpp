@@ -9,9 +9,9 @@
 
 namespace zephyl::app {
 
-namespace {
-
 namespace fs = std::filesystem;
+
+namespace {
 
 constexpr char kPhoneMessages[] = "/var/mobile/Library/SMS/sms.db";
 constexpr char kPhoneContacts[] = "/var/mobile/Library/AddressBook/AddressBook.sqlitedb";
@@ -24,17 +24,6 @@ fs::path shareFolder() {
     throw CommandError("cannot find the program's own folder: " + error.message());
   }
   return program.parent_path().parent_path() / "share/zephyls";
-}
-
-// $VARIABLE/zephyls, else the folder below $HOME; empty when neither is set. A relative path does
-// not count.
-fs::path userFolder(const char* variable, const char* belowHome) {
-  const char* named = std::getenv(variable);
-  if (named != nullptr && *named == '/') {
-    return fs::path(named) / "zephyls";
-  }
-  const char* home = std::getenv("HOME");
-  return home != nullptr && *home == '/' ? fs::path(home) / belowHome / "zephyls" : fs::path();
 }
 
 fs::path dataFolder() {
@@ -102,6 +91,15 @@ void useSample(const SourceOptions& options, Places& places) {
 }
 
 }  // namespace
+
+fs::path userFolder(const char* variable, const char* belowHome) {
+  const char* named = std::getenv(variable);
+  if (named != nullptr && *named == '/') {
+    return fs::path(named) / "zephyls";
+  }
+  const char* home = std::getenv("HOME");
+  return home != nullptr && *home == '/' ? fs::path(home) / belowHome / "zephyls" : fs::path();
+}
 
 Places placesFor(const SourceOptions& options, SampleUse sampleUse) {
   Places places;

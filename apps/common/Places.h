@@ -32,6 +32,10 @@ struct Places {
   }
 };
 
+// The program's folder of a kind: $VARIABLE/zephyls, else the folder below $HOME; empty when
+// neither is set. A relative path does not count.
+[[nodiscard]] std::filesystem::path userFolder(const char* variable, const char* belowHome);
+
 // What the options name. Without --messages: the databases of a phone that lie in the device root;
 // without those either, the sample, whose device root is put into the user's data directory the
 // first time. Where that is not wanted, there are no messages then. Throws CommandError.

@@ -1,6 +1,5 @@
 #include "apps/springboard/ShellOptions.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <string_view>
@@ -9,7 +8,8 @@
 #include <CLI/CLI.hpp>
 
 #include "apps/common/CommandError.h"
-#include "apps/common/ReleaseNumber.h"
+#include "apps/common/Places.h"
+#include "apps/common/SharedOptions.h"
 #include "apps/zephyls/Version.h"
 
 namespace zephyl::app {
@@ -19,41 +19,18 @@ namespace {
 constexpr int kMostSeconds = 1'000'000;
 
 std::string configurationFile() {
-  const char* folder = std::getenv("XDG_CONFIG_HOME");
-  if (folder != nullptr && *folder == '/') {
-    return std::string(folder) + "/zephyls/springboard.conf";
-  }
-  const char* home = std::getenv("HOME");
-  return home != nullptr && *home == '/' ? std::string(home) + "/.config/zephyls/springboard.conf"
-                                         : std::string();
-}
-
-std::string whyEmpty(const std::string& text) {
-  return text.empty() ? "must not be empty" : std::string();
+  const std::filesystem::path folder = userFolder("XDG_CONFIG_HOME", ".config");
+  return folder.empty() ? std::string() : (folder / "springboard.conf").string();
 }
 
 void addOptions(CLI::App& app, ShellOptions& options, int& idleExit) {
-  app.add_option("--device", options.sources.device,
-                 "folder that holds the groups and settings, laid out as on the phone")
-      ->type_name("DIR")
-      ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--messages", options.sources.messages,
-                 "Messages database whose new messages are announced: sms.db or chat.db (default: "
-                 "that of the device, if it has one)")
-      ->type_name("FILE")
-      ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--contacts", options.sources.contacts,
-                 "address book: AddressBook.sqlitedb, a vCard file or a folder of them; may be "
-                 "given several times")
-      ->type_name("FILE|DIR")
-      ->allow_extra_args(false)
-      ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--ios", options.iosVersion, "release of the phone's system to behave as")
-      ->type_name("VERSION")
-      ->capture_default_str()
-      ->check(CLI::Validator(whyNoRelease, ""));
-  app.add_option("--language", options.language, "language of the texts, such as de or zh-Hans")
-      ->type_name("LANG");
+  addDeviceOption(app, options.sources);
+  addMessagesOption(app, options.sources,
+                    "Messages database whose new messages are announced: sms.db or chat.db "
+                    "(default: that of the device, if it has one)");
+  addContactsOption(app, options.sources);
+  addReleaseOption(app, options.iosVersion);
+  addLanguageOption(app, options.language);
   app.add_option("--idle-exit", idleExit,
                  "end when nobody has asked for this long, and announce nothing; 0: stay")
       ->type_name("SECONDS")

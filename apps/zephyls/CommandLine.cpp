@@ -7,7 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "apps/common/CommandError.h"
-#include "apps/common/ReleaseNumber.h"
+#include "apps/common/SharedOptions.h"
 #include "apps/zephyls/CommandTable.h"
 #include "apps/zephyls/Commands.h"
 #include "apps/zephyls/GroupCommandLine.h"
@@ -18,32 +18,19 @@ namespace zephyl::app {
 namespace {
 
 void addSourceOptions(CLI::App& app, Options& options) {
-  app.add_option("--messages", options.sources.messages, "Messages database: sms.db or chat.db")
-      ->type_name("FILE")
-      ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--contacts", options.sources.contacts,
-                 "address book: AddressBook.sqlitedb, a vCard file or a folder of them; may be "
-                 "given several times")
-      ->type_name("FILE|DIR")
-      ->allow_extra_args(false)
-      ->check(CLI::Validator(whyEmpty, ""));
+  addMessagesOption(app, options.sources, "Messages database: sms.db or chat.db");
+  addContactsOption(app, options.sources);
   app.add_option("--favorite", options.sources.favorites,
                  "a favourite, in place of the phone's own: a record id, full name, number or "
                  "e-mail address; may be given several times")
       ->type_name("WHO")
       ->allow_extra_args(false)
       ->check(CLI::Validator(whyEmpty, ""));
-  app.add_option("--device", options.sources.device,
-                 "folder that holds the groups and settings, laid out as on the phone")
-      ->type_name("DIR")
-      ->check(CLI::Validator(whyEmpty, ""));
+  addDeviceOption(app, options.sources);
 }
 
 void addDeviceOptions(CLI::App& app, Options& options) {
-  app.add_option("--ios", options.iosVersion, "release of the phone's system to behave as")
-      ->type_name("VERSION")
-      ->capture_default_str()
-      ->check(CLI::Validator(whyNoRelease, ""));
+  addReleaseOption(app, options.iosVersion);
   app.add_option_function<std::string>(
          "--biometrics",
          [&options](const std::string& value) {
@@ -53,8 +40,7 @@ void addDeviceOptions(CLI::App& app, Options& options) {
          "knows nobody (on) or none (off) (default: auto)")
       ->type_name("auto|on|off")
       ->check(CLI::IsMember({"auto", "on", "off"}).description(""));
-  app.add_option("--language", options.language, "language of the texts, such as de or zh-Hans")
-      ->type_name("LANG");
+  addLanguageOption(app, options.language);
   app.add_flag("--json", options.json, "one JSON object a line, for programs");
 }
 

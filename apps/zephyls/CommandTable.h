@@ -42,9 +42,4 @@ class CommandTable {
 inline constexpr char kAsksForFingerprint[] =
     "A protected group asks for the fingerprint, on a device that has a reader.";
 
-// For CLI::Validator. An empty name is a variable that was not set in the user's script.
-inline std::string whyEmpty(const std::string& text) {
-  return text.empty() ? "must not be empty" : std::string();
-}
-
 }  // namespace zephyl::app

@@ -1,19 +1,18 @@
 #include "apps/zephyls/ProgramTest.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 
-#include <fcntl.h>
-#include <spawn.h>
 #include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
+
+#include "hosts/linux/testing/ChildProcess.h"
 
 namespace zephyl::app::test {
 
 namespace fs = std::filesystem;
+using zephyl::test::contentOf;
 
 namespace {
 
@@ -49,45 +48,6 @@ constexpr char kPeople[] =
     "BEGIN:VCARD\r\nVERSION:3.0\r\nN:Sjö;Eve;;;\r\nFN:Eve Sjö\r\nEMAIL:Eve@Example.com\r\n"
     "UID:eve\r\nEND:VCARD\r\n";
 
-std::string contentOf(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-// Starts the program with its standard streams in files; gives its exit status.
-int spawn(const std::vector<std::string>& words, const std::map<std::string, std::string>& settings,
-          const std::string& in, const std::string& out, const std::string& errors) {
-  std::vector<std::string> environment;
-  environment.reserve(settings.size());
-  for (const auto& [name, value] : settings) {
-    environment.push_back(std::string(name).append("=").append(value));
-  }
-  const auto pointers = [](const std::vector<std::string>& texts) {
-    std::vector<char*> result;
-    result.reserve(texts.size() + 1);
-    for (const std::string& text : texts) {
-      result.push_back(const_cast<char*>(text.c_str()));
-    }
-    result.push_back(nullptr);
-    return result;
-  };
-  posix_spawn_file_actions_t files;
-  posix_spawn_file_actions_init(&files);
-  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, in.c_str(), O_RDONLY | O_NOCTTY, 0);
-  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC;
-  posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, out.c_str(), kFlags, 0600);
-  posix_spawn_file_actions_addopen(&files, STDERR_FILENO, errors.c_str(), kFlags, 0600);
-  pid_t process = 0;
-  const int failed = posix_spawn(&process, ZEPHYLS_PROGRAM, &files, nullptr, pointers(words).data(),
-                                 pointers(environment).data());
-  posix_spawn_file_actions_destroy(&files);
-  int status = 0;
-  if (failed != 0 || waitpid(process, &status, 0) != process) {
-    return -1;
-  }
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
-}
-
 }  // namespace
 
 std::vector<nlohmann::ordered_json> ProgramResult::objects() const {
@@ -121,14 +81,19 @@ ProgramTest::~ProgramTest() {
 
 ProgramResult ProgramTest::run(const std::vector<std::string>& words,
                                const std::string& outputFile) const {
-  std::vector<std::string> all = {"zephyls"};
+  std::vector<std::string> all = {ZEPHYLS_PROGRAM};
   all.insert(all.end(), words.begin(), words.end());
-  const std::string out = outputFile.empty() ? (folder_ / "stdout").string() : outputFile;
-  const std::string errors = (folder_ / "stderr").string();
+  zephyl::test::ChildOptions options;
+  options.environment = environment_;
+  options.inheritsEnvironment = false;
+  options.inputFile = input_;
+  options.outputFile = outputFile.empty() ? (folder_ / "stdout").string() : outputFile;
+  options.errorFile = (folder_ / "stderr").string();
+  constexpr auto kLongest = std::chrono::minutes(10);
   ProgramResult result;
-  result.status = spawn(all, environment_, input_, out, errors);
-  result.out = outputFile.empty() ? contentOf(out) : "";
-  result.errors = contentOf(errors);
+  result.status = zephyl::test::ChildProcess(all, options).wait(kLongest).value_or(-1);
+  result.out = outputFile.empty() ? contentOf(options.outputFile) : "";
+  result.errors = contentOf(options.errorFile);
   return result;
 }
 

@@ -48,7 +48,8 @@ ChildProcess::ChildProcess(const std::vector<std::string>& words, const ChildOpt
   posix_spawn_file_actions_init(&files);
   constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC;
   const bool isOneFile = options.outputFile == options.errorFile;
-  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, options.inputFile.c_str(), O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&files, STDIN_FILENO, options.inputFile.c_str(),
+                                   O_RDONLY | O_NOCTTY, 0);
   posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, options.outputFile.c_str(), kFlags, 0600);
   if (isOneFile) {
     posix_spawn_file_actions_adddup2(&files, STDOUT_FILENO, STDERR_FILENO);
