@@ -17,3 +17,11 @@ function(zephyls_test name)
   target_compile_options(${name} PRIVATE ${ZEPHYLS_TEST_OPTIONS})
   add_test(NAME ${name} COMMAND ${name})
 endfunction()
+
+# zephyls_test_sources(NAME SOURCES...): more sources for a test executable, from a folder below.
+function(zephyls_test_sources name)
+  if(ZEPHYLS_BUILD_TESTS)
+    list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    target_sources(${name} PRIVATE ${ARGN})
+  endif()
+endfunction()

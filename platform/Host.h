@@ -25,6 +25,7 @@ class NSUserDefaults;
 class ProcessInfo;
 class SystemLog;
 class UIDevice;
+class UIKitHost;
 
 // Each call gives the same object for as long as the host lives. Any thread.
 class Host {
@@ -45,6 +46,9 @@ class Host {
   [[nodiscard]] virtual std::shared_ptr<ABAddressBook> addressBook() = 0;
   [[nodiscard]] virtual ABFavorites& favorites() = 0;
   [[nodiscard]] virtual ABPhoneFormatting& phoneFormatting() = 0;
+
+  // What views are drawn with; null in a process without a screen.
+  [[nodiscard]] virtual UIKitHost* uikit() = 0;
 
   // A new context on each call.
   [[nodiscard]] virtual std::shared_ptr<LAContext> makeLAContext() = 0;

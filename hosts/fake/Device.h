@@ -40,6 +40,7 @@ class Device : public Host {
   std::shared_ptr<ABAddressBook> addressBook() override { return addressBook_; }
   FakeFavorites& favorites() override { return favorites_; }
   FakePhoneFormatting& phoneFormatting() override { return phoneFormatting_; }
+  UIKitHost* uikit() override { return nullptr; }
   std::shared_ptr<LAContext> makeLAContext() override { return authentication_; }
 
   // The one context that this device hands out.

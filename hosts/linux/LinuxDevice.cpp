@@ -66,6 +66,7 @@ struct LinuxDevice::Parts {
         addressBook(std::move(options.addressBook)),
         favorites(std::move(options.favorites)),
         phoneFormatting(std::move(options.phoneFormatting)),
+        uikit(std::move(options.uikit)),
         notifications(options.makeNotifications(dispatch, log)) {
     if (options.makeMessagingCenter) {
       otherMessagingCenter = options.makeMessagingCenter(messagingCenter, log);
@@ -91,6 +92,7 @@ struct LinuxDevice::Parts {
   ABAddressBookRef addressBook;
   std::unique_ptr<ABFavorites> favorites;
   std::unique_ptr<ABPhoneFormatting> phoneFormatting;
+  std::unique_ptr<UIKitHost> uikit;
   std::unique_ptr<DarwinNotificationCenter> notifications;
 };
 
@@ -157,6 +159,10 @@ ABFavorites& LinuxDevice::favorites() {
 
 ABPhoneFormatting& LinuxDevice::phoneFormatting() {
   return *parts_->phoneFormatting;
+}
+
+UIKitHost* LinuxDevice::uikit() {
+  return parts_->uikit.get();
 }
 
 std::shared_ptr<LAContext> LinuxDevice::makeLAContext() {

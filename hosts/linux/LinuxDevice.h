@@ -20,6 +20,7 @@
 #include "platform/foundation/DarwinNotificationCenter.h"
 #include "platform/foundation/Dispatch.h"
 #include "platform/foundation/SystemLog.h"
+#include "platform/uikit/UIKitHost.h"
 
 #include "hosts/linux/OverwriteGuard.h"
 #include "hosts/linux/ScriptedAuthentication.h"
@@ -69,6 +70,9 @@ struct DeviceOptions {
   ABAddressBookRef addressBook;
   std::unique_ptr<ABFavorites> favorites;
   std::unique_ptr<ABPhoneFormatting> phoneFormatting;
+
+  // Not given: a process without a screen.
+  std::unique_ptr<UIKitHost> uikit;
 };
 
 class LinuxDevice : public Host {
@@ -92,6 +96,7 @@ class LinuxDevice : public Host {
   ABAddressBookRef addressBook() override;
   ABFavorites& favorites() override;
   ABPhoneFormatting& phoneFormatting() override;
+  UIKitHost* uikit() override;
   std::shared_ptr<LAContext> makeLAContext() override;
 
   // What programs do beyond the seams: run the queues without an event loop, serve messages in this

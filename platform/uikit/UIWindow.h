@@ -1,0 +1,59 @@
+// The topmost view: what a host shows. It has the root view controller, hands out touches and keys,
+// knows the first responder, and collects what has to be drawn anew. Main thread.
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/uikit/LayerSurface.h"
+#include "platform/uikit/UIView.h"
+
+namespace zephyl {
+
+class TouchDispatcher;
+
+class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
+ public:
+  explicit UIWindow(const CGRect& frame);
+  ~UIWindow() override;
+
+  [[nodiscard]] const std::shared_ptr<UIViewController>& rootViewController() const {
+    return rootViewController_;
+  }
+  // Its view fills the window, and appears.
+  void setRootViewController(const std::shared_ptr<UIViewController>& controller);
+
+  // From the host. Coordinates are the window's.
+  void sendTouch(const UITouch& touch);
+  void sendScroll(const UIScrollEvent& scroll);
+  // Whether anyone used the key.
+  bool sendKey(const UIKeyPress& press);
+
+  [[nodiscard]] UIResponder* firstResponder() const { return firstResponder_; }
+
+  // The layout pass, for what needs it. A layout that asks for another without end is stopped after
+  // some rounds.
+  void layoutWindow();
+  // What changed since the last call, as few rectangles within the bounds, and forgets it.
+  [[nodiscard]] Damage takeDamage();
+  // Called when there is damage again after `takeDamage`.
+  void setDamageHandler(std::function<void()> handler) { damageHandler_ = std::move(handler); }
+
+  [[nodiscard]] const char* className() const override { return "UIWindow"; }
+
+ private:
+  friend class UIView;
+
+  void invalidate(const CGRect& rect) override;
+  void scroll(const CGRect& area, CGFloat dx, CGFloat dy) override;
+
+  std::shared_ptr<UIViewController> rootViewController_;
+  std::unique_ptr<TouchDispatcher> touches_;
+  UIResponder* firstResponder_ = nullptr;
+  Damage damage_;
+  std::function<void()> damageHandler_;
+};
+
+}  // namespace zephyl
