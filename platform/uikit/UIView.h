@@ -109,6 +109,14 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   // so are all below it. Null when there is none.
   [[nodiscard]] virtual UIView* hitTest(CGPoint point);
   [[nodiscard]] virtual bool pointInside(CGPoint point) const;
+  // Asked of the touched view and those around it, up to the recognizer's own, before it begins.
+  [[nodiscard]] virtual bool gestureRecognizerShouldBegin(const UIGestureRecognizer& /*gesture*/) {
+    return true;
+  }
+  // The innermost view at the point is asked first; whether it used the turn, or the click of the
+  // second button.
+  virtual bool handleScroll(const UIScrollEvent& /*scroll*/) { return false; }
+  virtual bool contextMenuRequested(const UITouch& /*touch*/) { return false; }
   void addGestureRecognizer(const std::shared_ptr<UIGestureRecognizer>& recognizer);
   void removeGestureRecognizer(const std::shared_ptr<UIGestureRecognizer>& recognizer);
   [[nodiscard]] const std::vector<std::shared_ptr<UIGestureRecognizer>>& gestureRecognizers()
