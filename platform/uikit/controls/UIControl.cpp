@@ -74,6 +74,11 @@ void UIControl::setSelected(bool selected) {
   stateDidChange();
 }
 
+unsigned UIControl::state() const {
+  return (highlighted_ ? kControlStateHighlighted : 0U) | (enabled_ ? 0U : kControlStateDisabled) |
+         (selected_ ? kControlStateSelected : 0U);
+}
+
 bool UIControl::isNear(CGPoint location) const {
   return CGRectContainsPoint(CGRectInset(bounds(), -kTouchTolerance, -kTouchTolerance), location);
 }

@@ -26,6 +26,14 @@ enum UIControlEvents : unsigned {
   kAllEvents = 0xFFFFFFFFU
 };
 
+// Bits, with the platform's values.
+enum UIControlState : unsigned {
+  kControlStateNormal = 0,
+  kControlStateHighlighted = 1,
+  kControlStateDisabled = 2,
+  kControlStateSelected = 4
+};
+
 class ZP_EXPORT UIControl : public UIView {
  public:
   using Action = std::function<void(UIControl& sender)>;
@@ -52,6 +60,8 @@ class ZP_EXPORT UIControl : public UIView {
   virtual void setHighlighted(bool highlighted);
   [[nodiscard]] bool isSelected() const { return selected_; }
   virtual void setSelected(bool selected);
+  // Bits of UIControlState.
+  [[nodiscard]] unsigned state() const;
   // Whether a finger is on it that pressed it.
   [[nodiscard]] bool isTracking() const { return tracking_; }
 
