@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/uikit/CALayer.h"
@@ -138,8 +139,9 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   void setViewController(UIViewController* controller) { viewController_ = controller; }
   [[nodiscard]] UIViewController* viewController() const { return viewController_; }
 
-  // The class's own name, for dumps.
+  // For dumps: the class's own name, and what the view shows, a text or a value; empty for nothing.
   [[nodiscard]] virtual const char* className() const { return "UIView"; }
+  [[nodiscard]] virtual std::string describe() const { return {}; }
 
  private:
   std::shared_ptr<CALayer> layer_;
