@@ -8,6 +8,10 @@ UIScreen& UIScreen::mainScreen() {
   return uikitHost().screen();
 }
 
+bool UIScreen::isRightToLeft() {
+  return userInterfaceLayoutDirection() == UIUserInterfaceLayoutDirection::kRightToLeft;
+}
+
 CGRect UIScreen::applicationFrame() {
   return UIEdgeInsetsInsetRect(bounds(), {safeAreaInsets().top, 0, 0, 0});
 }

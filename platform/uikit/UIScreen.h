@@ -34,6 +34,7 @@ class UIScreen {
   // Called after any of these changed; one handler, replaced by the next.
   virtual void setChangeHandler(std::function<void()> handler) = 0;
 
+  [[nodiscard]] ZP_EXPORT bool isRightToLeft();
   // The bounds without the status bar.
   [[nodiscard]] ZP_EXPORT CGRect applicationFrame();
 };
