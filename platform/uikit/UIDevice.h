@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "platform/Export.h"
+
 namespace zephyl {
 
 class UIDevice {
@@ -13,5 +15,9 @@ class UIDevice {
   // "14.4.1". Asked afresh each time; any thread.
   [[nodiscard]] virtual std::string systemVersion() = 0;
 };
+
+// This release of the system or a later one, by the leading decimal number of its version in single
+// precision. Asked afresh each time; any thread.
+[[nodiscard]] ZP_EXPORT bool systemVersionIsAtLeast(float version);
 
 }  // namespace zephyl
