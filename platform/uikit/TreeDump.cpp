@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/uikit/AccessibilityTree.h"
 #include "platform/uikit/UIView.h"
 
 namespace zephyl {
@@ -136,19 +137,21 @@ std::string recursiveDescription(const UIView& view) {
   return text;
 }
 
-std::string accessibilityDescription(const UIView& view) {
+std::string accessibilityDescription(UIView& view) {
   std::string text;
-  std::vector<Level> stack{{&view, 0}};
+  const std::shared_ptr<UIView> scope = accessibilityScopeIn(view);
+  std::vector<std::pair<std::shared_ptr<UIView>, std::size_t>> stack{{scope, 0}};
   while (!stack.empty()) {
-    const Level at = stack.back();
+    const auto [at, depth] = stack.back();
     stack.pop_back();
-    if (at.view->isHidden()) {
-      continue;
+    const bool isElement = at->isAccessibilityElement();
+    if (isElement) {
+      text.append(depth * 2, ' ');
+      text += accessibilityOf(*at) + "\n";
     }
-    if (at.view->isAccessibilityElement()) {
-      text += accessibilityOf(*at.view) + "\n";
-    } else {
-      pushSubviews(stack, at);
+    const auto elements = accessibilityElementsIn(*at);
+    for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
+      stack.emplace_back(*element, isElement ? depth + 1 : depth);
     }
   }
   return text;

@@ -19,10 +19,11 @@ class UIView;
 // background), what it shows, and in brackets what a screen reader is told.
 [[nodiscard]] ZP_EXPORT std::string recursiveDescription(const UIView& view);
 
-// Only what a screen reader comes by, in the order of the tree, hidden views left out:
+// Only the elements that a screen reader comes by, one a line, two blanks deeper inside another:
 //
-//   switch "Enable" value "1"
-[[nodiscard]] ZP_EXPORT std::string accessibilityDescription(const UIView& view);
+//   row "Enable"
+//     switch "Enable" value "1"
+[[nodiscard]] ZP_EXPORT std::string accessibilityDescription(UIView& view);
 
 // "switch", "staticText"...
 [[nodiscard]] ZP_EXPORT std::string nameOfRole(UIAccessibilityRole role);

@@ -57,6 +57,8 @@ class ZP_EXPORT UIAccessibility {
   // What it holds: a text, a position, a count. Empty for none.
   [[nodiscard]] virtual std::string accessibilityValue() const { return {}; }
   [[nodiscard]] virtual UIAccessibilityState accessibilityState() const { return {}; }
+  // Whether nothing outside it can be reached while it is shown.
+  [[nodiscard]] virtual bool accessibilityViewIsModal() const { return false; }
   // As if it was tapped in its middle. Whether it did anything.
   virtual bool accessibilityActivate() { return false; }
   // For what can be adjusted: a step up or down.
