@@ -16,6 +16,7 @@
 #include "hosts/fake/FakePhoneBook.h"
 #include "hosts/fake/FakeSystem.h"
 #include "hosts/fake/FakeUserDefaults.h"
+#include "hosts/fake/uikit/FakeUIKit.h"
 
 namespace zephyl::fake {
 
@@ -40,12 +41,15 @@ class Device : public Host {
   std::shared_ptr<ABAddressBook> addressBook() override { return addressBook_; }
   FakeFavorites& favorites() override { return favorites_; }
   FakePhoneFormatting& phoneFormatting() override { return phoneFormatting_; }
-  UIKitHost* uikit() override { return nullptr; }
+  FakeUIKit* uikit() override { return hasScreen_ ? &uikit_ : nullptr; }
   std::shared_ptr<LAContext> makeLAContext() override { return authentication_; }
 
   // The one context that this device hands out.
   FakeAuthentication& authentication() { return *authentication_; }
   FakeAddressBook& people() { return *addressBook_; }
+
+  // A process without a screen, such as a command.
+  void setHasScreen(bool hasScreen) { hasScreen_ = hasScreen; }
 
   // The other process: the same files, everything made once per process made anew.
   void restartProcess() {
@@ -70,6 +74,8 @@ class Device : public Host {
   FakePhoneFormatting phoneFormatting_;
   std::shared_ptr<FakeAuthentication> authentication_ =
       std::make_shared<FakeAuthentication>(dispatch_);
+  FakeUIKit uikit_;
+  bool hasScreen_ = true;
 };
 
 }  // namespace zephyl::fake

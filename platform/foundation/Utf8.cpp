@@ -1,5 +1,6 @@
 #include "platform/foundation/Utf8.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstdint>
 #include <cstring>
@@ -76,6 +77,31 @@ std::size_t findInvalidUtf8(std::string_view text) {
     at += character.length;
   }
   return std::string_view::npos;
+}
+
+std::string repairedUtf8(std::string_view text) {
+  std::string repaired;
+  repaired.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t valid = findInvalidUtf8(text);
+    repaired.append(text.substr(0, valid));
+    if (valid == std::string_view::npos) {
+      break;
+    }
+    appendUtf8(repaired, U'\uFFFD');
+    text.remove_prefix(valid + 1);
+  }
+  return repaired;
+}
+
+std::size_t utf16Length(std::string_view text) {
+  std::size_t units = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = std::max<std::size_t>(utf8CharacterAt(text, at).length, 1);
+    units += length == 4 ? 2 : 1;
+    at += length;
+  }
+  return units;
 }
 
 void appendUtf8(std::string& text, char32_t codePoint) {

@@ -22,6 +22,12 @@ struct Utf8Character {
 // Where the first byte stands that begins no valid character; npos when all is well.
 [[nodiscard]] ZP_EXPORT std::size_t findInvalidUtf8(std::string_view text);
 
+// Each byte that is part of no valid character is replaced by U+FFFD.
+[[nodiscard]] ZP_EXPORT std::string repairedUtf8(std::string_view text);
+
+// The number of UTF-16 units that the text takes, by which the platform counts characters.
+[[nodiscard]] ZP_EXPORT std::size_t utf16Length(std::string_view text);
+
 // Precondition: a Unicode scalar value, no surrogate.
 ZP_EXPORT void appendUtf8(std::string& text, char32_t codePoint);
 
