@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/Export.h"
@@ -20,8 +21,10 @@
 namespace zephyl {
 
 class LayerAnimations;
+class LayerRenderer;
 class LayerSurface;
 class UIView;
+enum class AnimatedValue;
 
 // The values of a layer that can be animated.
 struct LayerState {
@@ -35,6 +38,9 @@ struct LayerState {
   CGFloat cornerRadius = 0;
   CGFloat borderWidth = 0;
   UIColor borderColor = UIColor::blackColor();
+
+  // From the layer's own space to that of the layer below.
+  [[nodiscard]] ZP_EXPORT CGAffineTransform toSuperlayer() const;
   friend bool operator==(const LayerState&, const LayerState&) = default;
 };
 
@@ -54,6 +60,8 @@ class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
   // What is on the screen while an animation runs; else the same as `state`.
   [[nodiscard]] LayerState presentation() const;
 
+  // Where only the origin changes and all that is seen moves with it, pixels are moved instead of
+  // drawn anew: this is what makes scrolling cheap.
   void setBounds(const CGRect& bounds);
   void setPosition(CGPoint position);
   void setTransform(const CGAffineTransform& transform);
@@ -78,13 +86,16 @@ class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
   void setContents(UIImageRef contents);
   [[nodiscard]] const UIImageRef& contents() const { return contents_; }
 
-  // From the lowest to the highest. A layer that is added leaves the one it was in.
+  // From the lowest to the highest. A layer that is added leaves the one it was in, and one that
+  // leaves ends its animations and those of the layers in it. Adding a layer to itself or to one
+  // that it contains does nothing.
   [[nodiscard]] const std::vector<std::shared_ptr<CALayer>>& sublayers() const {
     return sublayers_;
   }
   [[nodiscard]] CALayer* superlayer() const { return superlayer_; }
   void addSublayer(const std::shared_ptr<CALayer>& layer);
-  // An index beyond the end adds at the end.
+  // An index beyond the end adds at the end. A layer that is here already goes to that place among
+  // the others.
   void insertSublayer(const std::shared_ptr<CALayer>& layer, std::size_t index);
   void removeFromSuperlayer();
 
@@ -96,8 +107,9 @@ class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
   // what its view draws.
   virtual void drawInContext(CGContext& context);
 
-  // Draws this layer with everything above it, as presented, in the space of the layer below.
-  void render(CGContext& context) const;
+  // Draws this layer with everything above it, as presented, in the space of the layer below. What
+  // lies outside the context's clip is left out. Kept: a shadow is drawn outside a clipping layer.
+  void render(CGContext& context);
 
   // From this layer's space to that of the lowest layer, by `state`.
   [[nodiscard]] CGAffineTransform transformToRoot() const;
@@ -110,6 +122,28 @@ class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
   void setSurface(LayerSurface* surface) { surface_ = surface; }
 
  private:
+  friend class Animator;
+  friend class LayerRenderer;
+
+  template <class T>
+  void change(T LayerState::*field, const T& value, AnimatedValue which);
+  void animate(AnimatedValue which);
+  void endAnimationsOfTree();
+  // Everything drawn by this layer and those above it, as presented, in its own space.
+  [[nodiscard]] CGRect extent() const;
+  [[nodiscard]] CGRect ownExtent(const LayerState& shown) const;
+  // Whether it may draw more than background, border and shadow of its own.
+  [[nodiscard]] bool mayDrawContents() const;
+  [[nodiscard]] LayerSurface* rootSurface() const;
+  void invalidate() const { invalidateRect({}, /*whole=*/true); }
+  void invalidateRect(CGRect rect, bool whole) const;
+
+  struct ScrollArea;
+  [[nodiscard]] std::optional<ScrollArea> scrollArea() const;
+  void addCovers(const CALayer& below, ScrollArea& area) const;
+  // Whether the change was made so.
+  bool scrollContents(CGPoint origin);
+
   LayerState state_;
   Shadow shadow_;
   UIImageRef contents_;

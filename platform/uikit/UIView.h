@@ -49,7 +49,7 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   // The tree.
   [[nodiscard]] UIView* superview() const { return superview_; }
   [[nodiscard]] const std::vector<std::shared_ptr<UIView>>& subviews() const { return subviews_; }
-  [[nodiscard]] UIWindow* window() const;
+  [[nodiscard]] UIWindow* window() const { return window_; }
   // A view that is added leaves the one it was in. Adding a view to itself or to one of its own
   // subviews does nothing.
   void addSubview(const std::shared_ptr<UIView>& view);
@@ -62,19 +62,22 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   void setTag(std::int64_t tag) { tag_ = tag; }
   // This view, or the first below it in depth-first order, with the tag; null when there is none.
   [[nodiscard]] std::shared_ptr<UIView> viewWithTag(std::int64_t tag);
-  virtual void willMoveToWindow(UIWindow* window);
+  virtual void willMoveToWindow(UIWindow* /*window*/) {}
   virtual void didMoveToWindow() {}
   virtual void didAddSubview(UIView& /*view*/) {}
 
   // Layout. A pass lays out each view that needs it, from the window downwards.
   void setNeedsLayout();
+  // Begins with the lowest of the views below that need it too. A layout that asks for another
+  // without end is stopped after some rounds.
   void layoutIfNeeded();
   // By default subviews keep to their autoresizing masks, which already happened when the bounds
   // changed: nothing is left to do.
   virtual void layoutSubviews() {}
   [[nodiscard]] virtual CGSize sizeThatFits(CGSize size) const;
-  // Bounds of that size; the upper left corner stays.
+  // The size that fits the present one; the upper left corner stays.
   void sizeToFit();
+  // -1 for a side that the contents do not determine.
   [[nodiscard]] virtual CGSize intrinsicContentSize() const;
   void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
   [[nodiscard]] unsigned autoresizingMask() const { return autoresizingMask_; }
@@ -144,8 +147,26 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   [[nodiscard]] virtual std::string describe() const { return {}; }
 
  private:
+  friend class UIWindow;
+  using Tree = std::vector<std::shared_ptr<UIView>>;
+
+  // This view and all below it, depth-first.
+  [[nodiscard]] Tree tree();
+  void place(const std::shared_ptr<UIView>& view, std::size_t index);
+  void detach();
+  void leaveWindow();
+  void moveToWindow(UIWindow* window);
+  void boundsChanged(const CGRect& before);
+  void autoresizeSubviews(CGSize from, CGSize to);
+  void autoresize(CGSize from, CGSize to);
+  void markForLayout();
+  void layoutTree();
+  void layoutOnce();
+  void tintColorChanged();
+
   std::shared_ptr<CALayer> layer_;
   UIView* superview_ = nullptr;
+  UIWindow* window_ = nullptr;
   std::vector<std::shared_ptr<UIView>> subviews_;
   std::vector<std::shared_ptr<UIGestureRecognizer>> gestureRecognizers_;
   std::map<const void*, std::shared_ptr<void>> associatedObjects_;
@@ -157,6 +178,8 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   bool opaque_ = true;
   bool userInteractionEnabled_ = true;
   bool needsLayout_ = true;
+  bool subviewsNeedLayout_ = false;
+  bool layingOut_ = false;
 };
 
 }  // namespace zephyl

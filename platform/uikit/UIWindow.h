@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/uikit/DamageCollector.h"
 #include "platform/uikit/LayerSurface.h"
 #include "platform/uikit/UIView.h"
 
@@ -38,7 +39,8 @@ class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
   void layoutWindow();
   // What changed since the last call, as few rectangles within the bounds, and forgets it.
   [[nodiscard]] Damage takeDamage();
-  // Called when there is damage again after `takeDamage`.
+  // Called once when there is damage or something to lay out again after `takeDamage`, from wherever
+  // that happens: it only notes that a picture is wanted.
   void setDamageHandler(std::function<void()> handler) { damageHandler_ = std::move(handler); }
 
   [[nodiscard]] const char* className() const override { return "UIWindow"; }
@@ -46,13 +48,17 @@ class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
  private:
   friend class UIView;
 
+  void requestPicture();
+
   void invalidate(const CGRect& rect) override;
   void scroll(const CGRect& area, CGFloat dx, CGFloat dy) override;
 
   std::shared_ptr<UIViewController> rootViewController_;
   std::unique_ptr<TouchDispatcher> touches_;
   UIResponder* firstResponder_ = nullptr;
-  Damage damage_;
+  DamageCollector damage_;
+  // From the first damage until it is taken: all of a new window.
+  bool pictureWanted_ = true;
   std::function<void()> damageHandler_;
 };
 
