@@ -12,13 +12,12 @@ CGPoint middle(const CGRect& rect) {
   return {rect.midX(), rect.midY()};
 }
 
-CGAffineTransform finite(const CGAffineTransform& t) {
-  using zephyl::finite;
+CGAffineTransform finiteTransform(const CGAffineTransform& t) {
   return {finite(t.a), finite(t.b), finite(t.c), finite(t.d), finite(t.tx), finite(t.ty)};
 }
 
 CGFloat atLeastZero(CGFloat number) {
-  return std::max(0.0, zephyl::finite(number));
+  return std::max(0.0, finite(number));
 }
 
 }  // namespace
@@ -115,7 +114,7 @@ void CALayer::setPosition(CGPoint position) {
 }
 
 void CALayer::setTransform(const CGAffineTransform& transform) {
-  change(&LayerState::transform, zephyl::finite(transform), AnimatedValue::kTransform);
+  change(&LayerState::transform, finiteTransform(transform), AnimatedValue::kTransform);
 }
 
 void CALayer::setOpacity(CGFloat opacity) {

@@ -43,7 +43,7 @@ LayerRenderer::LayerRenderer(CGContext& context)
 
 void LayerRenderer::render(CALayer& layer) {
   std::vector<Step> steps;
-  steps.push_back({.layer = &layer, .keep = layer.weak_from_this().lock()});
+  steps.emplace_back(layer);
   while (!steps.empty()) {
     Step step = std::move(steps.back());
     steps.pop_back();
@@ -58,7 +58,7 @@ void LayerRenderer::render(CALayer& layer) {
     step.begun = true;
     steps.push_back(std::move(step));
     for (auto each = above.rbegin(); each != above.rend(); ++each) {
-      steps.push_back({.layer = each->get(), .keep = *each});
+      steps.emplace_back(**each);
     }
   }
 }

@@ -18,8 +18,10 @@ class LayerRenderer {
  private:
   // A layer to be drawn; or, once that has begun and those above it are drawn, to be completed.
   struct Step {
-    CALayer* layer = nullptr;
-    // The layers above the first are held while they wait: drawing may change the tree.
+    explicit Step(CALayer& drawn) : layer(&drawn), keep(drawn.weak_from_this().lock()) {}
+
+    CALayer* layer;
+    // Held while it waits: drawing may change the tree.
     std::shared_ptr<CALayer> keep;
     bool begun = false;
     bool grouped = false;
