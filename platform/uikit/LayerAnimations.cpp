@@ -8,6 +8,9 @@
 namespace zephyl {
 namespace {
 
+// What sums of times are off by.
+constexpr double kTimeTolerance = 1e-6;
+
 // Writes the value between those of `from` and `state` into `state`.
 void approach(AnimatedValue value, const LayerState& from, double part, LayerState& state) {
   const auto mixed = [&](auto LayerState::*field) {
@@ -81,7 +84,7 @@ LayerState LayerAnimations::presentationAt(const LayerState& state, double time)
 
 bool LayerAnimations::advance(double time) {
   std::erase_if(entries_, [&](const Entry& entry) {
-    const bool over = time >= entry.run->end();
+    const bool over = time + kTimeTolerance >= entry.run->end();
     if (over) {
       end(entry, /*finished=*/true);
     }
