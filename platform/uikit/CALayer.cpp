@@ -27,8 +27,8 @@ CGAffineTransform LayerState::toSuperlayer() const {
   if (transform == CGAffineTransformIdentity) {
     return CGAffineTransformMakeTranslation(position.x - center.x, position.y - center.y);
   }
-  const auto around = CGAffineTransformConcat(
-      CGAffineTransformMakeTranslation(-center.x, -center.y), transform);
+  const auto around =
+      CGAffineTransformConcat(CGAffineTransformMakeTranslation(-center.x, -center.y), transform);
   return CGAffineTransformConcat(around, CGAffineTransformMakeTranslation(position.x, position.y));
 }
 

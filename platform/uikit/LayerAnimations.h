@@ -50,7 +50,8 @@ class LayerAnimations {
 
   // `state` is the layer's before the change. What ran on the same value is cut short; a second
   // change of the same run keeps its beginning.
-  void begin(AnimatedValue value, const LayerState& state, const std::shared_ptr<AnimationRun>& run);
+  void begin(AnimatedValue value, const LayerState& state,
+             const std::shared_ptr<AnimationRun>& run);
 
   // `state` with what is on the way, at the time of the present frame or another.
   [[nodiscard]] LayerState presentation(const LayerState& state) const;

@@ -28,11 +28,15 @@ CGAffineTransform contentsTransform(const CALayer& layer, const LayerState& show
   if (drawn == seen || drawn.isEmpty()) {
     return {};
   }
-  const bool scales = layer.view() == nullptr ||
-                      layer.view()->contentMode() == UIViewContentMode::kScaleToFill;
+  const bool scales =
+      layer.view() == nullptr || layer.view()->contentMode() == UIViewContentMode::kScaleToFill;
   const CGFloat scaleX = scales ? seen.width() / drawn.width() : 1;
   const CGFloat scaleY = scales ? seen.height() / drawn.height() : 1;
-  return {scaleX, 0, 0, scaleY, seen.midX() - drawn.midX() * scaleX,
+  return {scaleX,
+          0,
+          0,
+          scaleY,
+          seen.midX() - drawn.midX() * scaleX,
           seen.midY() - drawn.midY() * scaleY};
 }
 
@@ -81,8 +85,7 @@ bool LayerRenderer::begin(Step& step) {
   if (shown.opacity < 1) {
     step.grouped = !drawsOneThing(step);
     if (step.grouped) {
-      context_.beginLayer(shown.opacity,
-                          CGRectIntersection(layer.extent(), context_.clipBounds()));
+      context_.beginLayer(shown.opacity, CGRectIntersection(layer.extent(), context_.clipBounds()));
     } else {
       step.alpha = shown.opacity;
     }
@@ -143,9 +146,9 @@ void LayerRenderer::complete(const Step& step) {
 bool LayerRenderer::drawsOneThing(const Step& step) const {
   const CALayer& layer = *step.layer;
   const LayerState& shown = step.shown;
-  const bool more = layer.mayDrawContents() ||
-                    std::any_of(layer.sublayers().begin(), layer.sublayers().end(),
-                                [](const auto& each) { return !each->isHidden(); });
+  const bool more =
+      layer.mayDrawContents() || std::any_of(layer.sublayers().begin(), layer.sublayers().end(),
+                                             [](const auto& each) { return !each->isHidden(); });
   const int things = static_cast<int>(isVisible(resolved(layer.shadow().color, 1))) +
                      static_cast<int>(isVisible(resolved(shown.backgroundColor, 1))) +
                      static_cast<int>(shown.borderWidth > 0);

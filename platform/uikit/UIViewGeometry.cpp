@@ -126,8 +126,8 @@ void UIView::autoresize(CGSize from, CGSize to) {
       {has(mask, kFlexibleTopMargin), has(mask, kFlexibleHeight), has(mask, kFlexibleBottomMargin)},
       to.height - from.height);
   // A view that would be pressed to less than nothing is empty.
-  setFrame(CGRectMake(across.before, down.before, std::max(0.0, across.size),
-                      std::max(0.0, down.size)));
+  setFrame(
+      CGRectMake(across.before, down.before, std::max(0.0, across.size), std::max(0.0, down.size)));
 }
 
 CGPoint UIView::convertPointToView(CGPoint point, const UIView* view) const {
@@ -145,8 +145,8 @@ CGPoint UIView::convertPointFromView(CGPoint point, const UIView* view) const {
 CGRect UIView::convertRectToView(const CGRect& rect, const UIView* view) const {
   CGAffineTransform there = layer_->transformToRoot();
   if (view != nullptr) {
-    there = CGAffineTransformConcat(there,
-                                    CGAffineTransformInvert(view->layer_->transformToRoot()));
+    there =
+        CGAffineTransformConcat(there, CGAffineTransformInvert(view->layer_->transformToRoot()));
   }
   return CGRectApplyAffineTransform(rect, there);
 }

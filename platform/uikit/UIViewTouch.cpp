@@ -107,7 +107,8 @@ bool UIView::isFirstResponder() const {
 }
 
 bool UIView::endEditing() {
-  auto* const first = window_ == nullptr ? nullptr : dynamic_cast<UIView*>(window_->firstResponder_);
+  auto* const first =
+      window_ == nullptr ? nullptr : dynamic_cast<UIView*>(window_->firstResponder_);
   if (first == nullptr || !first->isDescendantOfView(this)) {
     return false;
   }

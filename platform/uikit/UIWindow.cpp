@@ -1,12 +1,15 @@
 #include "platform/uikit/UIWindow.h"
 
+#include "platform/uikit/UIFocusSystem.h"
 #include "platform/uikit/UIScreen.h"
 #include "platform/uikit/gestures/TouchDispatcher.h"
 
 namespace zephyl {
 
 UIWindow::UIWindow(const CGRect& frame)
-    : UIView(frame), touches_(std::make_unique<TouchDispatcher>(*this)) {
+    : UIView(frame),
+      touches_(std::make_unique<TouchDispatcher>(*this)),
+      focus_(std::make_unique<UIFocusSystem>(*this)) {
   window_ = this;
   damage_.add(bounds());
   layer()->setSurface(this);
@@ -21,6 +24,9 @@ UIWindow::~UIWindow() {
 
 void UIWindow::sendTouch(const UITouch& touch) {
   const std::shared_ptr<UIView> keep = weak_from_this().lock();
+  if (touch.phase == UITouchPhase::kBegan) {
+    focus_->hideRing();
+  }
   touches_->touch(touch);
 }
 
@@ -33,11 +39,14 @@ bool UIWindow::sendKey(const UIKeyPress& press) {
   const std::shared_ptr<UIView> keep = weak_from_this().lock();
   auto* const view = dynamic_cast<UIView*>(firstResponder_);
   const std::shared_ptr<UIView> keepFirst = view == nullptr ? keep : view->weak_from_this().lock();
-  return firstResponder_ == nullptr ? pressesBegan(press) : firstResponder_->pressesBegan(press);
+  const bool used =
+      firstResponder_ == nullptr ? pressesBegan(press) : firstResponder_->pressesBegan(press);
+  return used || (press.key == UIKey::kTab && focus_->moveFocus(/*forwards=*/!press.shift));
 }
 
 void UIWindow::layoutWindow() {
   layoutIfNeeded();
+  focus_->update();
 }
 
 Damage UIWindow::takeDamage() {

@@ -14,6 +14,7 @@
 namespace zephyl {
 
 class TouchDispatcher;
+class UIFocusSystem;
 
 class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
  public:
@@ -29,18 +30,19 @@ class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
   // From the host. Coordinates are the window's.
   void sendTouch(const UITouch& touch);
   void sendScroll(const UIScrollEvent& scroll);
-  // Whether anyone used the key.
+  // Whether anyone used the key. Tab, when nobody else wants it, moves the focus.
   bool sendKey(const UIKeyPress& press);
 
   [[nodiscard]] UIResponder* firstResponder() const { return firstResponder_; }
+  [[nodiscard]] UIFocusSystem& focusSystem() { return *focus_; }
 
   // The layout pass, for what needs it. A layout that asks for another without end is stopped after
   // some rounds.
   void layoutWindow();
   // What changed since the last call, as few rectangles within the bounds, and forgets it.
   [[nodiscard]] Damage takeDamage();
-  // Called once when there is damage or something to lay out again after `takeDamage`, from wherever
-  // that happens: it only notes that a picture is wanted.
+  // Called once when there is damage or something to lay out again after `takeDamage`, from
+  // wherever that happens: it only notes that a picture is wanted.
   void setDamageHandler(std::function<void()> handler) { damageHandler_ = std::move(handler); }
 
   [[nodiscard]] const char* className() const override { return "UIWindow"; }
@@ -55,6 +57,7 @@ class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
 
   std::shared_ptr<UIViewController> rootViewController_;
   std::unique_ptr<TouchDispatcher> touches_;
+  std::unique_ptr<UIFocusSystem> focus_;
   UIResponder* firstResponder_ = nullptr;
   DamageCollector damage_;
   // From the first damage until it is taken: all of a new window.
