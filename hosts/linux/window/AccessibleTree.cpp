@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include <QWidget>
+#include <algorithm>
 
 #include "platform/uikit/AccessibilityTree.h"
 

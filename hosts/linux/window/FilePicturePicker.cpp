@@ -1,13 +1,12 @@
 #include "hosts/linux/window/FilePicturePicker.h"
 
-#include <memory>
-#include <utility>
-
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QImageReader>
 #include <QTimer>
+#include <memory>
+#include <utility>
 
 #include "platform/foundation/NSError.h"
 #include "platform/uikit/UIGraphics.h"
@@ -66,12 +65,10 @@ bool FilePicturePicker::isSourceAvailable(UIImagePickerSource source) {
   return source == UIImagePickerSource::kPhotoLibrary;
 }
 
-void FilePicturePicker::pick(UIImagePickerSource source, UIView& /*above*/,
-                             Completion completion) {
+void FilePicturePicker::pick(UIImagePickerSource source, UIView& /*above*/, Completion completion) {
   if (!isSourceAvailable(source) || dialog_ != nullptr) {
-    QTimer::singleShot(0, qApp, [completion = std::move(completion)] {
-      completion(nullptr, nullptr);
-    });
+    QTimer::singleShot(0, qApp,
+                       [completion = std::move(completion)] { completion(nullptr, nullptr); });
     return;
   }
   dialog_ = new QFileDialog(widget_);

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include <functional>
-
 #include <QPointer>
+#include <functional>
 
 #include "platform/uikit/ImagePicker.h"
 

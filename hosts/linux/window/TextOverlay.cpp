@@ -143,9 +143,9 @@ void TextOverlay::place() {
   editor_->setPalette(palette);
   editor_->setAlignment(qtAlignment(client_->textInputAlignment()));
   const CGRect rect = client_->textInputView().convertRectToView(client_->textInputRect(), nullptr);
-  editor_->setGeometry(QRectF(rect.x() * zoom_, rect.y() * zoom_, rect.width() * zoom_,
-                              rect.height() * zoom_)
-                           .toAlignedRect());
+  editor_->setGeometry(
+      QRectF(rect.x() * zoom_, rect.y() * zoom_, rect.width() * zoom_, rect.height() * zoom_)
+          .toAlignedRect());
 }
 
 }  // namespace zephyl::linux_host

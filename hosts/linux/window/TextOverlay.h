@@ -1,11 +1,10 @@
-// Typing into text fields: while a field is typed into, a line editor of Qt's lies over its text, so
-// that input methods, selection, undo and the clipboard are those of the desktop. Main thread.
+// Typing into text fields: while a field is typed into, a line editor of Qt's lies over its text,
+// so that input methods, selection, undo and the clipboard are those of the desktop. Main thread.
 
 #pragma once
 
-#include <memory>
-
 #include <QPointer>
+#include <memory>
 
 #include "platform/uikit/TextInput.h"
 

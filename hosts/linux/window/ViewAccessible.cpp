@@ -46,9 +46,15 @@ QAccessible::Role qtRole(UIAccessibilityRole role) {
   return QAccessible::Grouping;
 }
 
-const QString& increaseAction() { return QAccessibleActionInterface::increaseAction(); }
-const QString& decreaseAction() { return QAccessibleActionInterface::decreaseAction(); }
-const QString& pressAction() { return QAccessibleActionInterface::pressAction(); }
+const QString& increaseAction() {
+  return QAccessibleActionInterface::increaseAction();
+}
+const QString& decreaseAction() {
+  return QAccessibleActionInterface::decreaseAction();
+}
+const QString& pressAction() {
+  return QAccessibleActionInterface::pressAction();
+}
 
 bool isWithin(const QAccessibleInterface& element, int x, int y) {
   return element.rect().contains(x, y);
@@ -150,8 +156,8 @@ QAccessible::State ViewAccessible::state() const {
   result.focusable = view->canBecomeFirstResponder();
   result.focused = state.focused || view->isFirstResponder();
   result.busy = state.busy;
-  result.editable = role == UIAccessibilityRole::kTextField ||
-                    role == UIAccessibilityRole::kSearchField;
+  result.editable =
+      role == UIAccessibilityRole::kTextField || role == UIAccessibilityRole::kSearchField;
   result.readOnly = !result.editable;
   return result;
 }

@@ -3,12 +3,11 @@
 
 #pragma once
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <map>
 #include <memory>
 #include <vector>
-
-#include <QAccessible>
-#include <QAccessibleWidget>
 
 #include "platform/uikit/UIView.h"
 

@@ -1,11 +1,10 @@
 #include "hosts/linux/window/WindowInput.h"
 
-#include <array>
-
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTouchEvent>
 #include <QWheelEvent>
+#include <array>
 
 #include "platform/uikit/UIWindow.h"
 
@@ -69,8 +68,8 @@ std::optional<UITouch> touchOfMouse(const QMouseEvent& event, double zoom, doubl
     return std::nullopt;
   }
   touch.secondary = event.button() == Qt::RightButton;
-  touch.phase = event.type() == QEvent::MouseButtonRelease ? UITouchPhase::kEnded
-                                                           : UITouchPhase::kBegan;
+  touch.phase =
+      event.type() == QEvent::MouseButtonRelease ? UITouchPhase::kEnded : UITouchPhase::kBegan;
   return touch;
 }
 
@@ -115,8 +114,8 @@ void sendTouches(UIWindow& window, const QTouchEvent& event, double zoom, double
     touch.identifier = point.id() + 1;
     touch.location = pointOf(point.position(), zoom);
     touch.timestamp = timestamp;
-    touch.phase = event.type() == QEvent::TouchCancel ? UITouchPhase::kCancelled
-                                                      : phaseOf(point.state());
+    touch.phase =
+        event.type() == QEvent::TouchCancel ? UITouchPhase::kCancelled : phaseOf(point.state());
     window.sendTouch(touch);
   }
 }

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include <optional>
-
 #include <QEvent>
+#include <optional>
 
 #include "platform/uikit/UITouch.h"
 
