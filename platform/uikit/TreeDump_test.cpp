@@ -46,7 +46,7 @@ TEST_F(TreeDumpTest, SaysWhatDiffersFromAPlainView) {
           }));
   EXPECT_EQ(recursiveDescription(*root.view()),
             "UIView (0 0; 100 50)\n"
-            "  UIView #7 (0 0; 5 5) transform 1 0 0 1 3 4 hidden alpha 0.5 #ff0080ff\n");
+            "  UIView #7 (3 4; 5 5) transform 1 0 0 1 3 4 hidden alpha 0.5 #ff0080ff\n");
 }
 
 TEST_F(TreeDumpTest, SaysWhatAViewShowsAndWhatAScreenReaderIsTold) {
