@@ -76,6 +76,7 @@ class ZP_EXPORT UIButton : public UIControl {
     return UIAccessibilityRole::kButton;
   }
   [[nodiscard]] const char* className() const override { return "UIButton"; }
+  [[nodiscard]] std::string describe() const override { return currentTitle(); }
 
  protected:
   void stateDidChange() override;

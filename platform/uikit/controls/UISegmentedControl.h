@@ -55,12 +55,13 @@ class ZP_EXPORT UISegmentedControl : public UIControl {
 
   void selectByUser(int index);
   void show(bool animated);
-  void showTitles();
+  void showSeparators(int shown);
+  [[nodiscard]] CGSize wantedSize() const;
   // The segment that is shown at a distance from the left.
   [[nodiscard]] int segmentAt(CGFloat x) const;
   [[nodiscard]] CGRect segmentFrame(int index) const;
-  void layoutSeparators();
 
+  std::shared_ptr<CALayer> ground_;
   std::shared_ptr<CALayer> raised_;
   std::vector<std::shared_ptr<CALayer>> separators_;
   std::vector<std::shared_ptr<Segment>> segments_;
