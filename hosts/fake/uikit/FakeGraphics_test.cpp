@@ -93,5 +93,12 @@ TEST_F(FakeGraphicsTest, PlainRectanglesAreReallyFilled) {
                           0xFFFFFFFF));
 }
 
+TEST_F(FakeGraphicsTest, EdgesCoverTheirPartOfAPixelBothWays) {
+  const auto drawing = graphics_.makeImageContext({1, 1}, 2, /*opaque=*/false);
+  drawing->context().fill({CGRectMake(0, 0, 0.75, 0.75)}, UIColor::whiteColor());
+  EXPECT_THAT(drawing->bitmap()->pixels,
+              ElementsAre(0xFFFFFFFF, 0x80808080, 0x80808080, 0x40404040));
+}
+
 }  // namespace
 }  // namespace zephyl::fake
