@@ -13,9 +13,7 @@ using Channels = UIColor::Channels;
 
 class UIColorTest : public ::testing::Test {
  protected:
-  void makeDark() {
-    device_.uikit()->screen().setUserInterfaceStyle(UIUserInterfaceStyle::kDark);
-  }
+  void makeDark() { device_.uikit()->screen().setUserInterfaceStyle(UIUserInterfaceStyle::kDark); }
 
   fake::Device device_;
 };

@@ -15,8 +15,8 @@ namespace {
 
 constexpr CGFloat kLargestByte = 255.0;
 
-// Truncated, as the phone's processor does it: what is too large or too small becomes the largest or
-// smallest number there is, and NaN becomes 0.
+// Truncated, as the phone's processor does it: what is too large or too small becomes the largest
+// or smallest number there is, and NaN becomes 0.
 template <typename Integer>
 Integer truncated(CGFloat number) {
   using Limits = std::numeric_limits<Integer>;
@@ -86,8 +86,7 @@ UIColor UIColor::__zpColorWithHexString(const std::string& text) {
     return blackColor();
   }
   const std::uint32_t number = NSScanner(full).scanHexInt().value_or(0);
-  return colorWithRed(byteOf(number, 24), byteOf(number, 16), byteOf(number, 8),
-                      byteOf(number, 0));
+  return colorWithRed(byteOf(number, 24), byteOf(number, 16), byteOf(number, 8), byteOf(number, 0));
 }
 
 std::string UIColor::__zpHexString() const {

@@ -36,8 +36,7 @@ TEST(UIColorRingfoldTest, EightBitChannelsAreDividedAndAlphaIsNot) {
 
 TEST(UIColorRingfoldTest, ATextWithANumberSignIsThreePairs) {
   EXPECT_EQ(UIColor::__zpColorWithHex("#ff8000", 0.25), color(1, 128 / 255.0, 0, 0.25));
-  EXPECT_EQ(UIColor::__zpColorWithHex("#FFAB10 and more", 1),
-            color(1, 171 / 255.0, 16 / 255.0, 1));
+  EXPECT_EQ(UIColor::__zpColorWithHex("#FFAB10 and more", 1), color(1, 171 / 255.0, 16 / 255.0, 1));
   EXPECT_EQ(UIColor::__zpColorWithHex("xff0000", 1), color(1, 0, 0, 1));
 }
 
@@ -90,8 +89,7 @@ TEST(UIColorRingfoldTest, TheRulesOfTheScannerHoldInsideAMarker) {
             color(0, single(0x12), single(0x34), single(0x56)));
   EXPECT_EQ(UIColor::__zpColorWithHexString("12g45678"), color(0, 0, 0, single(0x12)));
   // Four digits of a six-character text, then the two that are appended.
-  EXPECT_EQ(UIColor::__zpColorWithHexString("0x1234"),
-            color(0, single(0x12), single(0x34), 1));
+  EXPECT_EQ(UIColor::__zpColorWithHexString("0x1234"), color(0, single(0x12), single(0x34), 1));
 }
 
 TEST(UIColorRingfoldTest, AMarkerWithoutADigitIsClear) {
