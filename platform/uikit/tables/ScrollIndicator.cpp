@@ -33,9 +33,8 @@ void ScrollIndicator::place(const CGRect& track, CGFloat first, CGFloat part) {
   const CGFloat beyond = std::max({0.0, -first, first + part - 1});
   const CGFloat bar = std::max(kLeastPulled, full - beyond * length);
   const CGFloat way = std::clamp(first / std::max(1e-9, 1 - part), 0.0, 1.0);
-  const bool rightToLeft = UIScreen::mainScreen().userInterfaceLayoutDirection() ==
-                           UIUserInterfaceLayoutDirection::kRightToLeft;
-  const CGFloat x = rightToLeft ? track.x() + kMargin : track.maxX() - kMargin - kWidth;
+  const CGFloat x = UIScreen::mainScreen().isRightToLeft() ? track.x() + kMargin
+                                                           : track.maxX() - kMargin - kWidth;
   setFrame(CGRectMake(x, track.y() + kMargin + way * (length - bar), kWidth, bar));
 }
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/uikit/UIScreen.h"
 #include "platform/uikit/UIWindow.h"
+#include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/gestures/UIPanGestureRecognizer.h"
 #include "platform/uikit/tables/ScrollIndicator.h"
 #include "platform/uikit/tables/UIScrollViewMotion.h"
@@ -82,20 +82,22 @@ void UIScrollView::insetsDidChange(const UIEdgeInsets& before) {
 }
 
 UIEdgeInsets UIScrollView::safeAreaOverlap() const {
-  const UIWindow* const shown = window();
-  if (!adjustsForSafeArea_ || shown == nullptr) {
+  if (!adjustsForSafeArea_ || window() == nullptr) {
     return {};
   }
-  UIScreen& screen = UIScreen::mainScreen();
-  if (shown->bounds().size != screen.bounds().size) {
-    return {};
+  for (const UIView* view = this; view != nullptr; view = view->superview()) {
+    if (view->viewController() == nullptr) {
+      continue;
+    }
+    const UIEdgeInsets safe = view->viewController()->safeAreaInsets();
+    const CGRect whole = view->bounds();
+    const CGRect area = convertRectToView(bounds(), view);
+    const CGFloat top = std::clamp(whole.y() + safe.top - area.y(), 0.0, std::max(0.0, safe.top));
+    const CGFloat bottom =
+        std::clamp(area.maxY() - (whole.maxY() - safe.bottom), 0.0, std::max(0.0, safe.bottom));
+    return {top, 0, bottom, 0};
   }
-  const UIEdgeInsets safe = screen.safeAreaInsets();
-  const CGRect area = convertRectToView(bounds(), nullptr);
-  const CGFloat height = shown->bounds().height();
-  const CGFloat top = std::clamp(safe.top - area.y(), 0.0, safe.top);
-  const CGFloat bottom = std::clamp(area.maxY() - (height - safe.bottom), 0.0, safe.bottom);
-  return {top, 0, bottom, 0};
+  return {};
 }
 
 void UIScrollView::scrollRectToVisible(const CGRect& rect, bool animated) {

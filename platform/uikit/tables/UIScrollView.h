@@ -43,8 +43,8 @@ class ZP_EXPORT UIScrollView : public UIView {
   void setContentOffset(CGPoint offset, bool animated = false);
   [[nodiscard]] UIEdgeInsets contentInset() const { return contentInset_; }
   void setContentInset(const UIEdgeInsets& inset);
-  // With what the screen's safe area covers of it, unless that is not to be looked at. Contents at
-  // the top stay at the top when it changes.
+  // With what bars and the edges of the device cover of it, as the screen says that it is on,
+  // unless that is not to be looked at. Contents at the top stay at the top when it changes.
   [[nodiscard]] UIEdgeInsets adjustedContentInset() const;
   void setAdjustsForSafeArea(bool adjusts);
   // The least that is scrolled, animated or not, so that as much of `rect`, which is in the
@@ -75,7 +75,6 @@ class ZP_EXPORT UIScrollView : public UIView {
   void setBounds(const CGRect& bounds) override;
   void layoutSubviews() override;
   void didMoveToWindow() override;
-  bool gestureRecognizerShouldBegin(const UIGestureRecognizer& gesture) override;
   bool handleScroll(const UIScrollEvent& scroll) override;
   // Arrows scroll by 44 points, the page keys by a page, Home and End to the ends.
   bool pressesBegan(const UIKeyPress& press) override;

@@ -30,17 +30,9 @@ void UIScrollView::addRecognizers() {
     }
   });
   watcher_ = std::make_shared<TouchWatcher>(*this);
+  // Before the drag's: it sees each finger first.
   addGestureRecognizer(watcher_);
   addGestureRecognizer(pan_);
-}
-
-bool UIScrollView::gestureRecognizerShouldBegin(const UIGestureRecognizer& gesture) {
-  if (&gesture != pan_.get()) {
-    return true;
-  }
-  const CGPoint way = pan_->translationInView(this);
-  const bool vertical = std::abs(way.y) >= std::abs(way.x);
-  return scrollEnabled_ && (vertical ? canMoveVertically() : canMoveHorizontally());
 }
 
 bool UIScrollView::isDecelerating() const {
@@ -51,6 +43,8 @@ void UIScrollView::fingerDown() {
   const bool stopped = motion_ != nullptr;
   tracking_ = true;
   stopScrolling();
+  pan_->setAllowedDirections((canMoveVertically() ? kPanVertically : 0U) |
+                             (canMoveHorizontally() ? kPanHorizontally : 0U));
   fingerDidTouch(stopped);
 }
 
