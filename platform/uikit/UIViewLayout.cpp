@@ -4,6 +4,7 @@
 
 #include "platform/uikit/UIView.h"
 #include "platform/uikit/UIWindow.h"
+#include "platform/uikit/controllers/UIViewController.h"
 
 namespace zephyl {
 namespace {
@@ -66,7 +67,15 @@ void UIView::layoutOnce() {
   }
   needsLayout_ = false;
   layingOut_ = true;
+  const auto controller =
+      viewController_ == nullptr ? nullptr : viewController_->weak_from_this().lock();
+  if (controller != nullptr) {
+    controller->viewWillLayoutSubviews();
+  }
   layoutSubviews();
+  if (controller != nullptr) {
+    controller->viewDidLayoutSubviews();
+  }
   layingOut_ = false;
 }
 

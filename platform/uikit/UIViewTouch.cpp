@@ -4,6 +4,7 @@
 
 #include "platform/uikit/UIView.h"
 #include "platform/uikit/UIWindow.h"
+#include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/gestures/UIGestureRecognizer.h"
 
 namespace zephyl {
@@ -70,6 +71,9 @@ void UIView::removeGestureRecognizer(const std::shared_ptr<UIGestureRecognizer>&
 }
 
 UIResponder* UIView::nextResponder() const {
+  if (viewController_ != nullptr) {
+    return viewController_;
+  }
   return superview_;
 }
 

@@ -1,7 +1,10 @@
 #include "platform/uikit/UIWindow.h"
 
+#include <utility>
+
 #include "platform/uikit/UIFocusSystem.h"
 #include "platform/uikit/UIScreen.h"
+#include "platform/uikit/controllers/UIViewController.h"
 #include "platform/uikit/gestures/TouchDispatcher.h"
 
 namespace zephyl {
@@ -39,9 +42,38 @@ bool UIWindow::sendKey(const UIKeyPress& press) {
   const std::shared_ptr<UIView> keep = weak_from_this().lock();
   auto* const view = dynamic_cast<UIView*>(firstResponder_);
   const std::shared_ptr<UIView> keepFirst = view == nullptr ? keep : view->weak_from_this().lock();
-  const bool used =
-      firstResponder_ == nullptr ? pressesBegan(press) : firstResponder_->pressesBegan(press);
+  const bool used = firstResponder_ != nullptr ? firstResponder_->pressesBegan(press)
+                                               : sendKeyToTopmostScreen(press);
   return used || (press.key == UIKey::kTab && focus_->moveFocus(/*forwards=*/!press.shift));
+}
+
+bool UIWindow::sendKeyToTopmostScreen(const UIKeyPress& press) {
+  const auto top =
+      rootViewController_ == nullptr ? nullptr : rootViewController_->topmostViewController();
+  const auto screen = top == nullptr ? nullptr : top->viewIfLoaded();
+  return screen == nullptr ? pressesBegan(press) : screen->pressesBegan(press);
+}
+
+void UIWindow::setRootViewController(const std::shared_ptr<UIViewController>& controller) {
+  if (rootViewController_ == controller) {
+    return;
+  }
+  const std::shared_ptr<UIView> keep = weak_from_this().lock();
+  const auto before = std::exchange(rootViewController_, controller);
+  if (before != nullptr) {
+    before->abandonPresented();
+    before->beginAppearanceTransition(/*appearing=*/false, /*animated=*/false);
+    before->view()->removeFromSuperview();
+    before->endAppearanceTransition();
+  }
+  if (controller != nullptr) {
+    const auto view = controller->view();
+    view->setFrame(bounds());
+    view->setAutoresizingMask(kFlexibleWidth | kFlexibleHeight);
+    controller->beginAppearanceTransition(/*appearing=*/true, /*animated=*/false);
+    insertSubview(view, 0);
+    controller->endAppearanceTransition();
+  }
 }
 
 void UIWindow::layoutWindow() {

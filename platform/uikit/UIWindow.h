@@ -52,6 +52,8 @@ class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
 
   void requestPicture();
 
+  // For keys that nothing is first responder for.
+  bool sendKeyToTopmostScreen(const UIKeyPress& press);
   void invalidate(const CGRect& rect) override;
   void scroll(const CGRect& area, CGFloat dx, CGFloat dy) override;
 

@@ -23,6 +23,13 @@ class UIPresentationController::Container : public UIView {
     }
     return UIView::hitTest(point);
   }
+  void touchesEnded(const UITouch& /*touch*/) override {
+    const auto self = shared_from_this();
+    if (const auto presentation = presentation_.lock(); presentation && !blocked_) {
+      presentation->touchedOutside();
+    }
+  }
+  [[nodiscard]] bool accessibilityViewIsModal() const override { return true; }
   void layoutSubviews() override {
     if (const auto presentation = presentation_.lock()) {
       presentation->layoutPresentedView();
@@ -107,6 +114,7 @@ void UIPresentationController::present(const std::shared_ptr<UIViewController>& 
     }
     container_->layoutIfNeeded();
   });
+  presentationHasBegun();
   if (!animated) {
     finishPresenting();
     return;

@@ -59,8 +59,12 @@ class ZP_EXPORT UIPresentationController
   [[nodiscard]] virtual double duration(bool appearing) const;
   // Puts into the container what lies below the presented view.
   virtual void presentationWillBegin() {}
+  // The presented view is in the window now.
+  virtual void presentationHasBegun() {}
   // Gives the presented view back as it was.
   virtual void presentationDidEnd() {}
+  // A touch on the container that nothing in it takes.
+  virtual void touchedOutside() {}
   // How it looks before it comes and after it has gone, and meanwhile. Both only change values that
   // can be animated.
   virtual void showGone(bool appearing);

@@ -100,6 +100,8 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   // Of this screen or the container it is in; null when there is none.
   [[nodiscard]] std::shared_ptr<UIViewController> presentedViewController() const;
   [[nodiscard]] std::shared_ptr<UIViewController> presentingViewController() const;
+  // For windows: what this screen presents is gone at once, and nobody is told.
+  void abandonPresented();
   [[nodiscard]] UIModalPresentationStyle modalPresentationStyle() const { return style_; }
   void setModalPresentationStyle(UIModalPresentationStyle style) { style_ = style; }
   // How this screen comes and goes when it is presented.

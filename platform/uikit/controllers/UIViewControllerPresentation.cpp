@@ -69,6 +69,13 @@ void UIViewController::dismissViewControllerAnimated(bool animated, Completion c
   }
 }
 
+void UIViewController::abandonPresented() {
+  if (const auto presentation = presentation_) {
+    presentation->abandon();
+  }
+  waiting_.clear();
+}
+
 std::shared_ptr<UIViewController> UIViewController::presentedViewController() const {
   const auto& presentation = outermost()->presentation_;
   return presentation == nullptr ? nullptr : presentation->presentedViewController();
