@@ -1,4 +1,4 @@
-// One change of what a navigation controller shows, while it is seen to happen.
+// One change of what a navigation controller shows, while it is seen to happen. Main thread.
 
 #pragma once
 
@@ -18,6 +18,14 @@ struct UINavigationController::Transition {
   // Over the lower of both views.
   std::shared_ptr<UIView> dimming;
   bool forwards = true;
+  // A finger drags the upper screen away, and may yet put it back: `from` is still on the stack.
+  bool swiped = false;
+  bool turnedRound = false;
+
+  // Where both screens are when the upper one has come, or not gone, so far: 0 is not at all.
+  void showProgress(CGFloat progress) const;
+  // Nothing has come of it: what was to go is what comes.
+  void turnRound();
 };
 
 }  // namespace zephyl

@@ -3,12 +3,33 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/uikit/UIScreen.h"
 #include "platform/uikit/UIView.h"
 #include "platform/uikit/controllers/NavigationTransition.h"
 #include "platform/uikit/controllers/UINavigationBar.h"
 #include "platform/uikit/controllers/UINavigationItem.h"
+#include "platform/uikit/gestures/UIScreenEdgePanGestureRecognizer.h"
 
 namespace zephyl {
+
+namespace {
+
+// While screens slide, nothing on them can be touched.
+class LayoutContainerView : public UIView {
+ public:
+  using UIView::UIView;
+
+  [[nodiscard]] UIView* hitTest(CGPoint point) override {
+    const auto* const navigation = dynamic_cast<const UINavigationController*>(viewController());
+    if (navigation != nullptr && navigation->isInTransition() && pointInside(point)) {
+      return this;
+    }
+    return UIView::hitTest(point);
+  }
+  [[nodiscard]] const char* className() const override { return "UILayoutContainerView"; }
+};
+
+}  // namespace
 
 UINavigationController::UINavigationController() = default;
 UINavigationController::~UINavigationController() = default;
@@ -77,7 +98,8 @@ const std::shared_ptr<UINavigationBar>& UINavigationController::navigationBar() 
 }
 
 void UINavigationController::loadView() {
-  UIViewController::loadView();
+  setView(std::make_shared<LayoutContainerView>(UIScreen::mainScreen().bounds()));
+  viewIfLoaded()->setAutoresizingMask(kFlexibleWidth | kFlexibleHeight);
   bar_ = std::make_shared<UINavigationBar>();
   bar_->setBackAction([weak = weak_from_this()] {
     if (const auto self = std::static_pointer_cast<UINavigationController>(weak.lock())) {
@@ -86,6 +108,18 @@ void UINavigationController::loadView() {
   });
   viewIfLoaded()->setBackgroundColor(UIColor::systemBackgroundColor());
   viewIfLoaded()->addSubview(bar_);
+  const std::weak_ptr<UIViewController> weak = weak_from_this();
+  const auto recognizer =
+      std::make_shared<UIScreenEdgePanGestureRecognizer>([weak](UIGestureRecognizer& pan) {
+        if (const auto self = std::static_pointer_cast<UINavigationController>(weak.lock())) {
+          self->swipe(static_cast<UIScreenEdgePanGestureRecognizer&>(pan));
+        }
+      });
+  recognizer->shouldBegin = [weak](UIGestureRecognizer&) {
+    const auto self = std::static_pointer_cast<UINavigationController>(weak.lock());
+    return self != nullptr && self->canSwipe();
+  };
+  viewIfLoaded()->addGestureRecognizer(recognizer);
 }
 
 void UINavigationController::viewDidLoad() {

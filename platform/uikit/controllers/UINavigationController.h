@@ -13,6 +13,7 @@
 namespace zephyl {
 
 class UINavigationBar;
+class UIScreenEdgePanGestureRecognizer;
 
 class ZP_EXPORT UINavigationController : public UIViewController {
  public:
@@ -60,7 +61,14 @@ class ZP_EXPORT UINavigationController : public UIViewController {
   void show(const std::shared_ptr<UIViewController>& from,
             const std::shared_ptr<UIViewController>& to, Controllers leaving, bool animated,
             bool forwards);
+  void putInOrder(Transition& transition);
   void slide(const std::shared_ptr<Transition>& transition);
+  void finishLater(const std::shared_ptr<Transition>& transition, double duration,
+                   CGFloat progress);
+  void swipe(const UIScreenEdgePanGestureRecognizer& recognizer);
+  [[nodiscard]] bool canSwipe() const;
+  void beginSwipe();
+  void endSwipe(bool back, CGFloat progress);
   void finishTransition();
   void place(UIViewController& controller);
   void remove(const Controllers& controllers);

@@ -1,7 +1,6 @@
 // How one screen of a stack gives way to another.
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 #include "platform/uikit/UIScreen.h"
@@ -19,13 +18,6 @@ constexpr double kDuration = 0.35;
 constexpr CGFloat kParallax = 0.3;
 constexpr CGFloat kDarkness = 0.1;
 
-void shift(UIViewController& controller, CGFloat distance) {
-  const bool mirrored = UIScreen::mainScreen().userInterfaceLayoutDirection() ==
-                        UIUserInterfaceLayoutDirection::kRightToLeft;
-  controller.view()->setTransform(
-      CGAffineTransformMakeTranslation(mirrored ? -distance : distance, 0));
-}
-
 void straighten(const std::shared_ptr<UIViewController>& controller) {
   if (controller != nullptr && controller->isViewLoaded()) {
     controller->view()->layer()->removeAllAnimations();
@@ -35,8 +27,28 @@ void straighten(const std::shared_ptr<UIViewController>& controller) {
 
 }  // namespace
 
+void UINavigationController::Transition::showProgress(CGFloat progress) const {
+  const bool mirrored = UIScreen::mainScreen().isRightToLeft();
+  UIView& lower = *(forwards ? from : to)->view();
+  UIView& upper = *(forwards ? to : from)->view();
+  const CGFloat width = mirrored ? -upper.bounds().width() : upper.bounds().width();
+  lower.setTransform(CGAffineTransformMakeTranslation(-kParallax * width * progress, 0));
+  upper.setTransform(CGAffineTransformMakeTranslation(width * (1 - progress), 0));
+  dimming->setAlpha(progress);
+}
+
+void UINavigationController::Transition::turnRound() {
+  std::swap(from, to);
+  forwards = !forwards;
+  swiped = false;
+  turnedRound = true;
+}
+
 void UINavigationController::replaceStack(Controllers stack, bool animated, bool forwards) {
   const auto self = shared_from_this();
+  if (transition_ != nullptr && transition_->swiped) {
+    endSwipe(/*back=*/false, /*progress=*/1);
+  }
   finishTransition();
   const auto from = topViewController();
   const auto to = stack.empty() ? nullptr : stack.back();
@@ -69,7 +81,10 @@ void UINavigationController::show(const std::shared_ptr<UIViewController>& from,
   const bool slides =
       animated && hasAppeared() && view()->window() != nullptr && from != nullptr && to != nullptr;
   transition_ = std::make_shared<Transition>();
-  *transition_ = {from, to, std::move(leaving), nullptr, forwards};
+  transition_->from = from;
+  transition_->to = to;
+  transition_->leaving = std::move(leaving);
+  transition_->forwards = forwards;
   const auto transition = transition_;
   if (from != nullptr) {
     from->view()->endEditing();
@@ -87,7 +102,7 @@ void UINavigationController::show(const std::shared_ptr<UIViewController>& from,
   if (transition_ != transition) {
     return;
   }
-  if (to != nullptr) {
+  if (to != nullptr && !slides) {
     performWithoutAnimation([&] { place(*to); });
   }
   updateBar(slides, forwards);
@@ -98,48 +113,42 @@ void UINavigationController::show(const std::shared_ptr<UIViewController>& from,
   }
 }
 
-void UINavigationController::slide(const std::shared_ptr<Transition>& transition) {
-  UIViewController& lower = transition->forwards ? *transition->from : *transition->to;
-  UIViewController& upper = transition->forwards ? *transition->to : *transition->from;
-  const CGFloat width = view()->bounds().width();
+// Both views in the window, the lower one dimmed, below the bar.
+void UINavigationController::putInOrder(Transition& transition) {
+  UIViewController& lower = transition.forwards ? *transition.from : *transition.to;
+  UIViewController& upper = transition.forwards ? *transition.to : *transition.from;
   const auto dimming = std::make_shared<UIView>(lower.view()->bounds());
   dimming->setBackgroundColor(UIColor::colorWithWhite(0, kDarkness));
   dimming->setUserInteractionEnabled(false);
-  transition->dimming = dimming;
-  const std::function<void()> together = [&lower, &upper, dimming, width] {
-    shift(lower, 0);
-    shift(upper, width);
-    dimming->setAlpha(0);
-  };
-  const std::function<void()> apart = [&lower, &upper, dimming, width] {
-    shift(lower, -kParallax * width);
-    shift(upper, 0);
-    dimming->setAlpha(1);
-  };
+  transition.dimming = dimming;
   performWithoutAnimation([&] {
     lower.view()->addSubview(dimming);
-    const auto barIndex = static_cast<std::size_t>(
-        std::ranges::find(view()->subviews(), std::shared_ptr<UIView>(bar_)) -
-        view()->subviews().begin());
-    view()->insertSubview(upper.view(), barIndex);
-    if (transition->forwards) {
-      together();
-    } else {
-      apart();
-    }
+    place(lower);
+    place(upper);
+    transition.showProgress(transition.forwards ? 0 : 1);
     view()->layoutIfNeeded();
   });
+}
+
+void UINavigationController::slide(const std::shared_ptr<Transition>& transition) {
+  putInOrder(*transition);
+  finishLater(transition, kDuration, transition->forwards ? 1 : 0);
+}
+
+void UINavigationController::finishLater(const std::shared_ptr<Transition>& transition,
+                                         double duration, CGFloat progress) {
   const std::weak_ptr<UIViewController> weak = weak_from_this();
   const std::weak_ptr<Transition> running = transition;
-  animateWithDuration(kDuration, 0, kAnimationCurveEaseOut, transition->forwards ? apart : together,
-                      [weak, running](bool) {
-                        const auto self =
-                            std::static_pointer_cast<UINavigationController>(weak.lock());
-                        if (self != nullptr && self->transition_ != nullptr &&
-                            self->transition_ == running.lock()) {
-                          self->finishTransition();
-                        }
-                      });
+  animateWithDuration(
+      duration, 0, kAnimationCurveEaseOut,
+      [&transition, progress] { transition->showProgress(progress); },
+      [weak, running](bool) {
+        const auto self = std::static_pointer_cast<UINavigationController>(weak.lock());
+        if (self != nullptr && self->transition_ != nullptr &&
+            self->transition_ == running.lock()) {
+          self->finishTransition();
+        }
+      });
 }
 
 void UINavigationController::finishTransition() {
@@ -167,7 +176,7 @@ void UINavigationController::finishTransition() {
     to->endAppearanceTransition();
   }
   remove(transition->leaving);
-  if (to != nullptr) {
+  if (to != nullptr && !transition->turnedRound) {
     to->didMoveToParentViewController(this);
   }
 }

@@ -94,7 +94,8 @@ void TouchDispatcher::begin(const UITouch& touch) {
     for (const auto& recognizer : view->gestureRecognizers()) {
       if (recognizer->followsTouches()) {
         recognizer->setDispatcher(self_);
-        finger->recognizers.push_back(recognizer);
+        auto& order = finger->recognizers;
+        order.insert(recognizer->precedesInner() ? order.begin() : order.end(), recognizer);
       }
     }
   }

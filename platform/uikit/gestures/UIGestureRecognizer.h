@@ -59,6 +59,8 @@ class ZP_EXPORT UIGestureRecognizer : public std::enable_shared_from_this<UIGest
 
   // The rest is for the dispatcher of touches, and for tests that drive one recognizer alone.
 
+  // Sees touches before the recognizers of inner views, and so goes before them.
+  [[nodiscard]] virtual bool precedesInner() const { return false; }
   // Whether it is at work or can begin: once it has ended or failed it sees nothing until `reset`.
   [[nodiscard]] bool followsTouches() const;
   [[nodiscard]] bool isActive() const {
