@@ -129,6 +129,10 @@ class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
   void change(T LayerState::*field, const T& value, AnimatedValue which);
   void animate(AnimatedValue which);
   void endAnimationsOfTree();
+  // The presentation without a copy where nothing is animated; else it is put into `storage`.
+  [[nodiscard]] const LayerState& shown(LayerState& storage) const {
+    return animations_ == nullptr ? state_ : (storage = presentation());
+  }
   // Everything drawn by this layer and those above it, as presented, in its own space.
   [[nodiscard]] CGRect extent() const;
   [[nodiscard]] CGRect ownExtent(const LayerState& shown) const;

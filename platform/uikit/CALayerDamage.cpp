@@ -39,17 +39,18 @@ CGRect CALayer::ownExtent(const LayerState& shown) const {
 
 CGRect CALayer::extent() const {
   CGRect whole;
+  LayerState storage;
   std::vector<std::pair<const CALayer*, CGAffineTransform>> waiting{{this, {}}};
   while (!waiting.empty()) {
     const auto [layer, toThis] = waiting.back();
     waiting.pop_back();
-    const LayerState shown = layer->presentation();
-    whole = CGRectUnion(whole, CGRectApplyAffineTransform(layer->ownExtent(shown), toThis));
+    whole = CGRectUnion(
+        whole, CGRectApplyAffineTransform(layer->ownExtent(layer->shown(storage)), toThis));
     if (layer->masksToBounds_) {
       continue;
     }
     for (const auto& sublayer : layer->sublayers_) {
-      const LayerState above = sublayer->presentation();
+      const LayerState& above = sublayer->shown(storage);
       if (!sublayer->hidden_ && above.opacity > 0) {
         waiting.emplace_back(sublayer.get(), CGAffineTransformConcat(above.toSuperlayer(), toThis));
       }
@@ -63,8 +64,9 @@ void CALayer::invalidateRect(CGRect rect, bool whole) const {
   if (surface == nullptr) {
     return;
   }
+  LayerState storage;
   for (const CALayer* layer = this;; layer = layer->superlayer_) {
-    const LayerState shown = layer->presentation();
+    const LayerState& shown = layer->shown(storage);
     if (layer->hidden_ || shown.opacity <= 0) {
       return;
     }

@@ -141,9 +141,12 @@ void UIView::leaveWindow() {
   const std::shared_ptr<UIView> keep = window_->weak_from_this().lock();
   UIWindow& window = *window_;
   auto* const first = dynamic_cast<UIView*>(window.firstResponder_);
-  if (first != nullptr && first->isDescendantOfView(this)) {
+  if (first != nullptr && first != window.leaving_ && first->isDescendantOfView(this)) {
     const std::shared_ptr<UIView> keepFirst = first->weak_from_this().lock();
+    // Asked once only, though it may remove itself again when asked.
+    window.leaving_ = first;
     first->resignFirstResponder();
+    window.leaving_ = nullptr;
     if (window.firstResponder_ == first) {
       window.firstResponder_ = nullptr;
     }

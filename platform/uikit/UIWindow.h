@@ -61,6 +61,8 @@ class ZP_EXPORT UIWindow : public UIView, private LayerSurface {
   std::unique_ptr<TouchDispatcher> touches_;
   std::unique_ptr<UIFocusSystem> focus_;
   UIResponder* firstResponder_ = nullptr;
+  // The first responder that is asked to resign because it leaves.
+  UIResponder* leaving_ = nullptr;
   DamageCollector damage_;
   // From the first damage until it is taken: all of a new window.
   bool pictureWanted_ = true;
