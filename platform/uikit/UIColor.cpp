@@ -105,6 +105,15 @@ UIColor UIColor::colorWithAlphaComponent(CGFloat alpha) const {
   return color;
 }
 
+UIColor UIColor::colorWithAlphaMultipliedBy(CGFloat factor) const {
+  UIColor color = *this;
+  color.light_.alpha *= factor;
+  if (color.dark_) {
+    color.dark_->alpha *= factor;
+  }
+  return color;
+}
+
 bool operator==(const UIColor& a, const UIColor& b) {
   return a.light_ == b.light_ && a.dark_.value_or(a.light_) == b.dark_.value_or(b.light_);
 }

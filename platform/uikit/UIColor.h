@@ -51,6 +51,8 @@ class ZP_EXPORT UIColor {
   [[nodiscard]] Channels channels() const;
   [[nodiscard]] HueChannels hueChannels() const;
   [[nodiscard]] UIColor colorWithAlphaComponent(CGFloat alpha) const;
+  // Each form's alpha times the factor.
+  [[nodiscard]] UIColor colorWithAlphaMultipliedBy(CGFloat factor) const;
 
   // Plain colours.
   [[nodiscard]] static UIColor clearColor();

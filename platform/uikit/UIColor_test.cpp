@@ -63,6 +63,13 @@ TEST_F(UIColorTest, AnotherAlphaHoldsForBothForms) {
   EXPECT_EQ(color.channels(), (Channels{1, 1, 1, 0.25}));
 }
 
+TEST_F(UIColorTest, AMultipliedAlphaKeepsTheFormsApart) {
+  const UIColor color = UIColor::separatorColor().colorWithAlphaMultipliedBy(0.5);
+  EXPECT_EQ(color.channels().alpha, 0.145);
+  makeDark();
+  EXPECT_EQ(color.channels().alpha, 0.3);
+}
+
 TEST_F(UIColorTest, HueSixthsAreTheSixFullColors) {
   const auto full = [](CGFloat hue) { return UIColor::colorWithHue(hue, 1, 1, 1).channels(); };
   EXPECT_EQ(full(0), (Channels{1, 0, 0, 1}));
