@@ -5,9 +5,8 @@
 
 #include "platform/uikit/CGContext.h"
 #include "platform/uikit/NSAttributedString.h"
-#include "platform/uikit/TextLayout.h"
-#include "platform/uikit/UIKitHost.h"
 #include "platform/uikit/UIScreen.h"
+#include "platform/uikit/text/TextDrawing.h"
 
 namespace zephyl {
 
@@ -20,12 +19,6 @@ constexpr CGFloat kPadding = 7;
 
 // The one inside the other, for both the ring and the disc.
 constexpr CGFloat kInset = 1;
-
-TextLayoutRef numberLayout(std::int64_t value, const NSAttributedString::Attributes& attributes,
-                           const TextStyle& style) {
-  return uikitHost().textSystem().layout(NSAttributedString(std::to_string(value), attributes),
-                                         style);
-}
 
 // The middle of a badge on a view of the given size; null for positions that place nothing.
 std::optional<CGPoint> centerForPosition(std::uint64_t position, CGSize host) {
@@ -182,7 +175,7 @@ void UIZPBadgeView::placeIfAutomatic() {
 }
 
 CGSize UIZPBadgeView::sizeOfNumber() const {
-  return numberLayout(badgeValue_, {font_, textColor_}, {})->size();
+  return sizeOfText(std::to_string(badgeValue_), font_);
 }
 
 void UIZPBadgeView::zp_updateBadgeViewSize() {
@@ -230,12 +223,11 @@ void UIZPBadgeView::drawRect(CGContext& context, const CGRect& rect) {
   const CGFloat ring = outlineWidth_ + kInset;
   context.fillEllipse(CGRectInset(rect, ring, ring), badgeColor_);
   const CGFloat height = sizeOfNumber().height;
-  const TextStyle style{.area = {rect.width(), height},
-                        .maximumLines = 1,
-                        .lineBreakMode = NSLineBreakMode::kClipping,
-                        .alignment = NSTextAlignment::kCenter};
-  context.draw(*numberLayout(badgeValue_, {font_, textColor_}, style),
-               {rect.x(), rect.height() / 2 - height / 2});
+  drawText(context, NSAttributedString(std::to_string(badgeValue_), {font_, textColor_}),
+           CGRectMake(rect.x(), rect.height() / 2 - height / 2, rect.width(), height),
+           {.maximumLines = 1,
+            .lineBreakMode = NSLineBreakMode::kClipping,
+            .alignment = NSTextAlignment::kCenter});
 }
 
 UIAccessibilityRole UIZPBadgeView::accessibilityRole() const {
