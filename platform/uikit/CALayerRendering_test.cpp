@@ -21,9 +21,12 @@ class Dot : public UIView {
  public:
   explicit Dot(const CGRect& frame) : UIView(frame) {}
   void drawRect(CGContext& context, const CGRect& rect) override {
+    ++drawn;
     context.fillEllipse(rect, UIColor::blueColor());
     context.clip({CGRectMake(0, 0, 1, 1)});
   }
+
+  int drawn = 0;
 };
 
 class CALayerRenderingTest : public ::testing::Test {
@@ -94,6 +97,16 @@ TEST_F(CALayerRenderingTest, WhatIsOutsideTheClipIsLeftOut) {
   layer_->setMasksToBounds(true);
   EXPECT_THAT(drawn(CGRectMake(65, 0, 100, 100)), IsEmpty());
   EXPECT_THAT(drawn({}), IsEmpty());
+}
+
+TEST_F(CALayerRenderingTest, AViewOutsideTheClipIsNotAskedToDraw) {
+  const auto dot = std::make_shared<Dot>(CGRectMake(0, 0, 10, 10));
+  const auto reaching = std::make_shared<Dot>(CGRectMake(50, 0, 10, 10));
+  dot->addSubview(reaching);
+  layer_ = dot->layer();
+  drawn(CGRectMake(55, 0, 10, 10));
+  EXPECT_EQ(dot->drawn, 0);
+  EXPECT_EQ(reaching->drawn, 1);
 }
 
 TEST_F(CALayerRenderingTest, OneThingIsFadedByItself) {

@@ -135,6 +135,20 @@ TEST_F(UIViewAnimationTest, ANewAnimationCutsTheOldOneShort) {
   EXPECT_THAT(log_, ElementsAre("to 105 cut", "to 5"));
 }
 
+TEST_F(UIViewAnimationTest, AValueThatIsSetTwiceIsAnimatedOnce) {
+  animateWithDuration(
+      1, 0, kAnimationCurveLinear,
+      [&] {
+        view_->setCenter({205, 5});
+        view_->setCenter({105, 5});
+      },
+      told("twice"));
+  link().advance(0.5);
+  EXPECT_NEAR(shown(), 55, 1e-6);
+  link().advance(0.5);
+  EXPECT_THAT(log_, ElementsAre("twice"));
+}
+
 TEST_F(UIViewAnimationTest, BeginsFromTheCurrentStateWhenAskedTo) {
   moveTo(105);
   link().advance(0.5);

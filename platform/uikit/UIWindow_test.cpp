@@ -147,6 +147,8 @@ TEST_F(UIWindowTest, TouchesFindTurnedAndScrolledViews) {
   scrolled->setTransform(CGAffineTransformMakeScale(2, 2));
   EXPECT_EQ(window_->hitTest({11, 11}), inner.get());
   scrolled->setTransform(CGAffineTransformMakeScale(0, 1));
+  EXPECT_EQ(window_->hitTest({5, 105}), nullptr);
+  scrolled->setBounds(CGRectMake(20, 20, 20, 20));
   EXPECT_EQ(window_->hitTest({30, 30}), window_.get());
 }
 
