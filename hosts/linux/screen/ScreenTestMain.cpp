@@ -1,0 +1,18 @@
+// Tests of the screen run offscreen, with the same fonts everywhere and without a message bus.
+
+#include <QApplication>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "hosts/linux/screen/PinnedFonts.h"
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
+  qputenv("QT_ACCESSIBILITY", "0");
+  const zephyl::linux_host::PinnedFonts fonts;
+  const QApplication application(argc, argv);
+  ::testing::InitGoogleMock(&argc, argv);
+  return RUN_ALL_TESTS();
+}
