@@ -61,6 +61,10 @@ FilePicturePicker::~FilePicturePicker() {
   delete dialog_.data();
 }
 
+QFileDialog* FilePicturePicker::dialog() const {
+  return dialog_;
+}
+
 bool FilePicturePicker::isSourceAvailable(UIImagePickerSource source) {
   return source == UIImagePickerSource::kPhotoLibrary;
 }

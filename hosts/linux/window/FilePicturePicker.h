@@ -27,7 +27,7 @@ class FilePicturePicker : public ImagePicker {
   void pick(UIImagePickerSource source, UIView& above, Completion completion) override;
 
   // The dialog that is open, for tests; null when none is.
-  [[nodiscard]] QFileDialog* dialog() const { return dialog_; }
+  [[nodiscard]] QFileDialog* dialog() const;
 
  private:
   QPointer<QWidget> widget_;

@@ -1,13 +1,12 @@
 #include "hosts/linux/window/PhoneWindow.h"
 
-#include <utility>
-
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 #include <QTouchEvent>
 #include <QWheelEvent>
+#include <utility>
 
 #include "platform/uikit/CADisplayLink.h"
 #include "platform/uikit/UIFocusSystem.h"
@@ -33,10 +32,13 @@ QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* obje
 
 }  // namespace
 
-PhoneWindow::PhoneWindow(LinuxUIKit& uikit, std::shared_ptr<UIWindow> window)
+PhoneWindow::PhoneWindow(LinuxUIKit& uikit, TextOverlay& typing, FilePicturePicker& pictures,
+                         std::shared_ptr<UIWindow> window)
     : uikit_(uikit),
+      typing_(typing),
+      pictures_(pictures),
       window_(std::move(window)),
-      picture_(std::make_unique<WindowPicture>(*window_)),
+      picture_(std::make_unique<WindowPicture>(*window_, uikit.paintCaches())),
       accessible_(std::make_unique<AccessibleTree>(*this, *window_, kZoom)) {
   static const bool installed = (QAccessible::installFactory(makeAccessible), true);
   (void)installed;
@@ -46,15 +48,18 @@ PhoneWindow::PhoneWindow(LinuxUIKit& uikit, std::shared_ptr<UIWindow> window)
   const CGRect bounds = uikit_.screen().bounds();
   resize(qRound(bounds.width()), qRound(bounds.height()));
   window_->setDamageHandler([this] { pictureWanted(); });
-  uikit_.textOverlay().showIn(this, kZoom);
-  uikit_.picturePicker().showAbove(this);
+  uikit_.screen().setChangeHandler([this] { pictureWanted(); });
+  typing_.showIn(this, kZoom);
+  pictures_.showAbove(this);
   fitScreen();
+  pictureWanted();
 }
 
 PhoneWindow::~PhoneWindow() {
   window_->setDamageHandler(nullptr);
-  uikit_.textOverlay().showIn(nullptr, kZoom);
-  uikit_.picturePicker().showAbove(nullptr);
+  uikit_.screen().setChangeHandler(nullptr);
+  typing_.showIn(nullptr, kZoom);
+  pictures_.showAbove(nullptr);
 }
 
 void PhoneWindow::pictureWanted() {
@@ -66,16 +71,19 @@ void PhoneWindow::pictureWanted() {
 
 void PhoneWindow::updateNow() {
   updatePending_ = false;
-  const QRegion changed = picture_->update();
-  if (!changed.isEmpty()) {
-    update(changed);
+  const WindowPicture::Update done =
+      picture_->update(devicePixelRatioF(), uikit_.screen().userInterfaceStyle());
+  for (const QRect& rect : done.changed) {
+    const double ratio = devicePixelRatioF();
+    update(QRectF(rect.x() / ratio, rect.y() / ratio, rect.width() / ratio, rect.height() / ratio)
+               .toAlignedRect());
   }
   accessible_->announceChanges();
 }
 
 void PhoneWindow::fitScreen() {
-  uikit_.screen().setSize({static_cast<CGFloat>(width()), static_cast<CGFloat>(height())});
-  uikit_.screen().setScale(devicePixelRatioF());
+  uikit_.screen().setGeometry({static_cast<CGFloat>(width()), static_cast<CGFloat>(height())},
+                              devicePixelRatioF());
   window_->setFrame(uikit_.screen().bounds());
 }
 
@@ -86,7 +94,7 @@ bool PhoneWindow::event(QEvent* event) {
     case QEvent::TouchEnd:
     case QEvent::TouchCancel:
       sendTouches(*window_, static_cast<const QTouchEvent&>(*event), kZoom,
-                  uikit_.displayLink().timestamp());
+                  uikit_.displayLink().now());
       return true;
     case QEvent::KeyPress: {
       // Before Qt takes Tab for itself.
@@ -96,8 +104,8 @@ bool PhoneWindow::event(QEvent* event) {
       }
       return QWidget::event(event);
     }
-    case QEvent::DevicePixelRatioChange:
     case QEvent::ScreenChangeInternal:
+    case QEvent::Show:
       fitScreen();
       return QWidget::event(event);
     default:
@@ -110,12 +118,11 @@ void PhoneWindow::paintEvent(QPaintEvent* event) {
     updateNow();
   }
   QPainter painter(this);
-  const QImage& image = picture_->image();
+  const double ratio = devicePixelRatioF();
   for (const QRect& rect : event->region()) {
-    const QRectF source(rect.x() * image.devicePixelRatio(), rect.y() * image.devicePixelRatio(),
-                        rect.width() * image.devicePixelRatio(),
-                        rect.height() * image.devicePixelRatio());
-    painter.drawImage(QRectF(rect), image, source);
+    painter.drawImage(
+        QRectF(rect), picture_->image(),
+        QRectF(rect.x() * ratio, rect.y() * ratio, rect.width() * ratio, rect.height() * ratio));
   }
 }
 
@@ -124,7 +131,7 @@ void PhoneWindow::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void PhoneWindow::sendMouse(const QMouseEvent& event) {
-  if (const auto touch = touchOfMouse(event, kZoom, uikit_.displayLink().timestamp())) {
+  if (const auto touch = touchOfMouse(event, kZoom, uikit_.displayLink().now())) {
     window_->sendTouch(*touch);
   }
 }

@@ -5,24 +5,25 @@
 
 #pragma once
 
-#include <memory>
-
 #include <QWidget>
+#include <memory>
 
 #include "platform/uikit/UIWindow.h"
 
 namespace zephyl::linux_host {
 
 class AccessibleTree;
+class FilePicturePicker;
 class LinuxUIKit;
+class TextOverlay;
 class WindowPicture;
 
 class PhoneWindow : public QWidget {
  public:
-  // Takes the place of the device's screen: the screen is as large as this window from now on, has
-  // the window's pixels a point, and is typed into and asked for pictures through it. `uikit` and
-  // `window` outlive the use of this one.
-  PhoneWindow(LinuxUIKit& uikit, std::shared_ptr<UIWindow> window);
+  // From now on the device's screen is as large as this window, has its pixels a point, and is
+  // typed into and asked for pictures through it. All outlive this one.
+  PhoneWindow(LinuxUIKit& uikit, TextOverlay& typing, FilePicturePicker& pictures,
+              std::shared_ptr<UIWindow> window);
   ~PhoneWindow() override;
   PhoneWindow(const PhoneWindow&) = delete;
   PhoneWindow& operator=(const PhoneWindow&) = delete;
@@ -49,6 +50,8 @@ class PhoneWindow : public QWidget {
   void sendMouse(const QMouseEvent& event);
 
   LinuxUIKit& uikit_;
+  TextOverlay& typing_;
+  FilePicturePicker& pictures_;
   std::shared_ptr<UIWindow> window_;
   std::unique_ptr<WindowPicture> picture_;
   std::unique_ptr<AccessibleTree> accessible_;

@@ -7,17 +7,14 @@
 #include "platform/uikit/UIScreen.h"
 #include "platform/uikit/UIView.h"
 
+#include "hosts/linux/screen/ScreenColors.h"
 #include "hosts/linux/screen/ScreenFonts.h"
 
 namespace zephyl::linux_host {
 namespace {
 
-QColor qtColor(const UIColor& color) {
-  const UIColor::Channels c = color.channels();
-  const auto clamped = [](CGFloat channel) {
-    return static_cast<float>(std::min(std::max(finite(channel), 0.0), 1.0));
-  };
-  return QColor::fromRgbF(clamped(c.red), clamped(c.green), clamped(c.blue), clamped(c.alpha));
+QColor shownColor(const UIColor& color) {
+  return screenColor(color, UIScreen::mainScreen().userInterfaceStyle());
 }
 
 Qt::Alignment qtAlignment(NSTextAlignment alignment) {
@@ -135,11 +132,11 @@ void TextOverlay::place() {
   font.setPixelSize(std::max(1, qRound(look.font.pointSize() * zoom_)));
   editor_->setFont(font);
   QPalette palette = editor_->palette();
-  palette.setColor(QPalette::Text, qtColor(look.color));
+  palette.setColor(QPalette::Text, shownColor(look.color));
   palette.setColor(QPalette::Base, Qt::transparent);
   palette.setColor(QPalette::Highlight,
-                   qtColor(client_->textInputView().tintColor().colorWithAlphaComponent(0.3)));
-  palette.setColor(QPalette::HighlightedText, qtColor(look.color));
+                   shownColor(client_->textInputView().tintColor().colorWithAlphaComponent(0.3)));
+  palette.setColor(QPalette::HighlightedText, shownColor(look.color));
   editor_->setPalette(palette);
   editor_->setAlignment(qtAlignment(client_->textInputAlignment()));
   const CGRect rect = client_->textInputView().convertRectToView(client_->textInputRect(), nullptr);

@@ -46,16 +46,6 @@ QAccessible::Role qtRole(UIAccessibilityRole role) {
   return QAccessible::Grouping;
 }
 
-const QString& increaseAction() {
-  return QAccessibleActionInterface::increaseAction();
-}
-const QString& decreaseAction() {
-  return QAccessibleActionInterface::decreaseAction();
-}
-const QString& pressAction() {
-  return QAccessibleActionInterface::pressAction();
-}
-
 bool isWithin(const QAccessibleInterface& element, int x, int y) {
   return element.rect().contains(x, y);
 }
