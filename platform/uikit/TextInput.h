@@ -48,6 +48,9 @@ class TextInput {
   virtual void update(TextInputClient& client) = 0;
   // Does nothing when typing goes elsewhere.
   virtual void end(TextInputClient& client) = 0;
+  // Whether it draws the client's text while it is typed, caret and selection with it. Else the
+  // client draws its text itself.
+  [[nodiscard]] virtual bool drawsText() = 0;
 };
 
 }  // namespace zephyl

@@ -14,6 +14,9 @@ class FakeTextInput : public TextInput {
   void begin(TextInputClient& client) override;
   void update(TextInputClient& client) override;
   void end(TextInputClient& client) override;
+  bool drawsText() override { return drawsText_; }
+
+  void setDrawsText(bool draws) { drawsText_ = draws; }
 
   // What is typed into; null for nothing.
   [[nodiscard]] TextInputClient* client() const { return client_; }
@@ -31,6 +34,7 @@ class FakeTextInput : public TextInput {
 
  private:
   TextInputClient* client_ = nullptr;
+  bool drawsText_ = false;
   int begun_ = 0;
   int updated_ = 0;
 };

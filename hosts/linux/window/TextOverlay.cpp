@@ -126,6 +126,10 @@ void TextOverlay::end(TextInputClient& client) {
   }
 }
 
+bool TextOverlay::drawsText() {
+  return widget_ != nullptr;
+}
+
 void TextOverlay::place() {
   const NSAttributedString::Attributes look = client_->textInputAttributes();
   QFont font = screenFont(look.font);

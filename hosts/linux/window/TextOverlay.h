@@ -27,6 +27,8 @@ class TextOverlay : public TextInput {
   void begin(TextInputClient& client) override;
   void update(TextInputClient& client) override;
   void end(TextInputClient& client) override;
+  // The editor does, where there is a widget to show it in.
+  bool drawsText() override;
 
  private:
   class Editor;
