@@ -12,6 +12,8 @@
 
 namespace zephyl {
 
+class NavigationBarContent;
+
 class ZP_EXPORT UINavigationBar : public UIView {
  public:
   static constexpr CGFloat kHeight = 44;
@@ -38,8 +40,11 @@ class ZP_EXPORT UINavigationBar : public UIView {
   [[nodiscard]] const char* className() const override { return "UINavigationBar"; }
 
  private:
+  void replaceContent(bool animated, CGFloat distance);
+
   std::shared_ptr<UIView> background_;
   std::shared_ptr<UIView> hairline_;
+  std::shared_ptr<NavigationBarContent> content_;
   std::shared_ptr<UINavigationItem> item_;
   std::shared_ptr<UINavigationItem> back_;
   std::function<void()> backAction_;

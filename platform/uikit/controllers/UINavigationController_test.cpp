@@ -177,6 +177,7 @@ TEST_F(NavigationTest, AScreenMayPushAnotherWhileItAppears) {
   EXPECT_TRUE(second_->hasAppeared());
   EXPECT_FALSE(pushing->hasAppeared());
   EXPECT_EQ(pushing->view()->superview(), nullptr);
+  EXPECT_EQ(first_->view()->superview(), nullptr);
 }
 
 TEST_F(NavigationTest, EscapeGoesBack) {

@@ -77,6 +77,17 @@ template <class View>
   return found.empty() ? nullptr : found.front();
 }
 
+// Every view whose class calls itself so, in the order of the tree: for classes that are hidden.
+[[nodiscard]] inline std::vector<UIView*> viewsNamed(UIView& root, const std::string& className) {
+  std::vector<UIView*> found;
+  for (UIView* const view : viewsOf<UIView>(root)) {
+    if (view->className() == className) {
+      found.push_back(view);
+    }
+  }
+  return found;
+}
+
 // The first that shows the text; null when there is none.
 [[nodiscard]] inline UIView* viewShowing(UIView& root, const std::string& text) {
   for (UIView* const view : viewsOf<UIView>(root)) {
