@@ -19,6 +19,8 @@ class HeadlessTextInput : public TextInput {
     }
   }
 
+  [[nodiscard]] bool drawsText() override { return false; }
+
   // Null for nothing.
   [[nodiscard]] TextInputClient* client() const { return client_; }
 
