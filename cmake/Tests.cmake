@@ -41,11 +41,3 @@ function(zephyls_list_tests)
   get_property(tests GLOBAL PROPERTY ZEPHYLS_TESTS)
   file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/tests.txt CONTENT "${tests}")
 endfunction()
-
-# zephyls_test_sources(NAME SOURCES...): more sources for a test executable, from a folder below.
-function(zephyls_test_sources name)
-  if(ZEPHYLS_BUILD_TESTS)
-    list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
-    target_sources(${name} PRIVATE ${ARGN})
-  endif()
-endfunction()
