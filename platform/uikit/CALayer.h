@@ -14,8 +14,7 @@
 
 #include "platform/Export.h"
 #include "platform/uikit/CGContext.h"
-#include "platform/uikit/CGGeometry.h"
-#include "platform/uikit/UIColor.h"
+#include "platform/uikit/LayerState.h"
 #include "platform/uikit/UIImage.h"
 
 namespace zephyl {
@@ -25,24 +24,6 @@ class LayerRenderer;
 class LayerSurface;
 class UIView;
 enum class AnimatedValue;
-
-// The values of a layer that can be animated.
-struct LayerState {
-  // The origin is what of the layer's own space lies at its upper left corner.
-  CGRect bounds;
-  // Where the middle is, in the space of the layer below.
-  CGPoint position;
-  CGAffineTransform transform;
-  CGFloat opacity = 1;
-  UIColor backgroundColor;
-  CGFloat cornerRadius = 0;
-  CGFloat borderWidth = 0;
-  UIColor borderColor = UIColor::blackColor();
-
-  // From the layer's own space to that of the layer below.
-  [[nodiscard]] ZP_EXPORT CGAffineTransform toSuperlayer() const;
-  friend bool operator==(const LayerState&, const LayerState&) = default;
-};
 
 class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
  public:

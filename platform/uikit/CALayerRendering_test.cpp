@@ -160,6 +160,10 @@ TEST_F(CALayerRenderingTest, ContentsAreScaledWhileTheSizeIsAnimated) {
   EXPECT_THAT(drawn(), ElementsAre("ellipse (0 0 10 10) #0000ffff"));
   dot->setContentMode(UIViewContentMode::kCenter);
   EXPECT_THAT(drawn(), ElementsAre("ellipse (-10 0 30 10) #0000ffff clip (0 0 100 100)"));
+  dot->setContentMode(UIViewContentMode::kScaleAspectFit);
+  EXPECT_THAT(drawn(), ElementsAre("ellipse (0 3.333 10 3.333) #0000ffff"));
+  dot->setContentMode(UIViewContentMode::kRedraw);
+  EXPECT_THAT(drawn(), ElementsAre("ellipse (0 0 30 10) #0000ffff"));
   dot->layer()->removeAllAnimations();
   EXPECT_THAT(drawn(), ElementsAre("ellipse (0 0 30 10) #0000ffff"));
 }

@@ -21,23 +21,41 @@ bool isFlat(const CGAffineTransform& t) {
   return t.a * t.d - t.b * t.c == 0;
 }
 
-// While the size is animated, contents are drawn as they will be: scaled, or placed in the middle.
+CGSize scaleOfContents(UIViewContentMode mode, const CGSize& drawn, const CGSize& seen) {
+  const CGFloat across = seen.width / drawn.width;
+  const CGFloat down = seen.height / drawn.height;
+  switch (mode) {
+    case UIViewContentMode::kScaleToFill:
+      return {across, down};
+    case UIViewContentMode::kScaleAspectFit:
+      return {std::min(across, down), std::min(across, down)};
+    case UIViewContentMode::kScaleAspectFill:
+      return {std::max(across, down), std::max(across, down)};
+    default:
+      return {1, 1};
+  }
+}
+
+// While the size is animated, contents are drawn as they will be: scaled into the middle, or, where
+// the view would draw itself anew, from the upper left corner.
 CGAffineTransform contentsTransform(const CALayer& layer, const LayerState& shown) {
   const CGRect& drawn = layer.state().bounds;
   const CGRect& seen = shown.bounds;
   if (drawn == seen || drawn.isEmpty()) {
     return {};
   }
-  const bool scales =
-      layer.view() == nullptr || layer.view()->contentMode() == UIViewContentMode::kScaleToFill;
-  const CGFloat scaleX = scales ? seen.width() / drawn.width() : 1;
-  const CGFloat scaleY = scales ? seen.height() / drawn.height() : 1;
-  return {scaleX,
+  const UIViewContentMode mode =
+      layer.view() == nullptr ? UIViewContentMode::kScaleToFill : layer.view()->contentMode();
+  if (mode == UIViewContentMode::kRedraw) {
+    return CGAffineTransformMakeTranslation(seen.x() - drawn.x(), seen.y() - drawn.y());
+  }
+  const CGSize scale = scaleOfContents(mode, drawn.size, seen.size);
+  return {scale.width,
           0,
           0,
-          scaleY,
-          seen.midX() - drawn.midX() * scaleX,
-          seen.midY() - drawn.midY() * scaleY};
+          scale.height,
+          seen.midX() - drawn.midX() * scale.width,
+          seen.midY() - drawn.midY() * scale.height};
 }
 
 }  // namespace
