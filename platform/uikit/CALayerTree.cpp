@@ -18,11 +18,11 @@ void CALayer::insertSublayer(const std::shared_ptr<CALayer>& layer, std::size_t 
       return;
     }
   }
-  // A copy: what was handed over may be an element of the list that it leaves.
-  const std::shared_ptr<CALayer> added = layer;
-  if (added == nullptr) {
+  if (layer == nullptr) {
     return;
   }
+  // Held apart: what was handed over may be an element of the list that it leaves.
+  const std::shared_ptr<CALayer> added = layer->shared_from_this();
   if (added->superlayer_ == this) {
     const auto here = std::find(sublayers_.begin(), sublayers_.end(), added);
     const auto place = static_cast<std::size_t>(std::distance(sublayers_.begin(), here));

@@ -54,16 +54,16 @@ LayerAnimations::~LayerAnimations() {
 
 void LayerAnimations::begin(AnimatedValue value, const LayerState& state,
                             const std::shared_ptr<AnimationRun>& run) {
-  LayerState from = run->fromCurrentState ? presentation(state) : state;
+  const LayerState from = run->fromCurrentState ? presentation(state) : state;
   const auto entry = std::find_if(entries_.begin(), entries_.end(),
                                   [&](const Entry& each) { return each.value == value; });
   if (entry == entries_.end()) {
-    entries_.push_back({value, std::move(from), run});
+    entries_.push_back({value, from, run});
   } else if (entry->run == run) {
     return;
   } else {
     end(*entry, /*finished=*/false);
-    *entry = {value, std::move(from), run};
+    *entry = {value, from, run};
   }
   ++run->values;
 }

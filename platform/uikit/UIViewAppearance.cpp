@@ -77,12 +77,10 @@ std::shared_ptr<void> UIView::associatedObject(const void* key) const {
 
 void UIView::setAssociatedObject(const void* key, std::shared_ptr<void> object) {
   // The old object goes last: what it does then may ask for the key again.
-  std::shared_ptr<void> old = object;
   if (object == nullptr) {
-    auto node = associatedObjects_.extract(key);
-    old = node.empty() ? nullptr : std::move(node.mapped());
+    const auto removed = associatedObjects_.extract(key);
   } else {
-    old.swap(associatedObjects_[key]);
+    object.swap(associatedObjects_[key]);
   }
 }
 

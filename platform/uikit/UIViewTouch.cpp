@@ -49,15 +49,15 @@ bool UIView::pointInside(CGPoint point) const {
 }
 
 void UIView::addGestureRecognizer(const std::shared_ptr<UIGestureRecognizer>& recognizer) {
-  const std::shared_ptr<UIGestureRecognizer> added = recognizer;
-  if (added == nullptr || added->view() == this) {
+  if (recognizer == nullptr || recognizer->view() == this) {
     return;
   }
-  if (added->view() != nullptr) {
-    added->view()->removeGestureRecognizer(added);
+  UIGestureRecognizer& added = *recognizer;
+  gestureRecognizers_.push_back(recognizer);
+  if (added.view() != nullptr) {
+    added.view()->removeGestureRecognizer(gestureRecognizers_.back());
   }
-  gestureRecognizers_.push_back(added);
-  added->setView(this);
+  added.setView(this);
 }
 
 void UIView::removeGestureRecognizer(const std::shared_ptr<UIGestureRecognizer>& recognizer) {
