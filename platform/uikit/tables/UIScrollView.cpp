@@ -216,6 +216,11 @@ void UIScrollView::layoutIndicator() {
   indicator_->place(track, track.y() / whole, track.height() / whole);
 }
 
+void UIScrollView::insertBelowIndicator(const std::shared_ptr<UIView>& view) {
+  addSubview(view);
+  bringSubviewToFront(indicator_);
+}
+
 void UIScrollView::flashScrollIndicators() {
   indicator_->show();
   indicator_->fade();

@@ -86,14 +86,14 @@ class ZP_EXPORT UIScrollView : public UIView {
   // A finger went down; `stopped` when the contents were moving until then, so that the touch meant
   // nothing but to stop them.
   virtual void fingerDidTouch(bool /*stopped*/) {}
+  virtual void draggingDidBegin() {}
   virtual void draggingDidEnd() {}
   // What to add to the insets for as long as it is needed: room for a refresh control.
   void setExtraTopInset(CGFloat inset);
   [[nodiscard]] ScrollRange verticalRange() const;
-  [[nodiscard]] std::shared_ptr<UIScrollViewDelegate> scrollDelegate() const {
-    return delegate_.lock();
-  }
   void stopScrolling();
+  // What is to lie above all contents but the indicator is put in there.
+  void insertBelowIndicator(const std::shared_ptr<UIView>& view);
 
  private:
   struct Motion;

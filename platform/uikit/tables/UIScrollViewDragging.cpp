@@ -68,6 +68,7 @@ void UIScrollView::panned() {
       dragStart_ = {withoutRubberBand(contentOffset().x, horizontalRange(), bounds().width()),
                     withoutRubberBand(contentOffset().y, verticalRange(), bounds().height())};
       indicator_->show();
+      draggingDidBegin();
       if (const auto delegate = delegate_.lock()) {
         delegate->scrollViewWillBeginDragging(*this);
       }

@@ -92,10 +92,14 @@ class ZP_EXPORT UITableViewCell : public UIView {
   [[nodiscard]] const Surroundings& surroundings() const { return surroundings_; }
   void setSurroundings(const Surroundings& surroundings);
   // How far the row is moved towards its leading side, so that a button to delete it is seen on the
-  // trailing one. An empty title keeps the title.
+  // trailing one. An empty title keeps the title, and makes no button.
   [[nodiscard]] CGFloat deletionOffset() const { return deletionOffset_; }
   void setDeletionOffset(CGFloat offset, const std::string& title);
+  // What the button's title needs; 0 without a button.
   [[nodiscard]] CGFloat deleteButtonWidth() const;
+  // Back to its place; and, once it is there, the button away.
+  void closeDeletion() { setDeletionOffset(0, {}); }
+  void hideDeleteButton();
 
  protected:
   [[nodiscard]] std::string derivedAccessibilityLabel() const override;

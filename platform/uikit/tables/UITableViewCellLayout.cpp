@@ -13,6 +13,7 @@
 #include "platform/uikit/tables/TableEditControl.h"
 #include "platform/uikit/tables/TableMetrics.h"
 #include "platform/uikit/tables/UITableViewCell.h"
+#include "platform/uikit/text/TextDrawing.h"
 #include "platform/uikit/text/UIImageView.h"
 #include "platform/uikit/text/UILabel.h"
 
@@ -31,25 +32,13 @@ CGFloat hairline() {
   return 1 / UIScreen::mainScreen().scale();
 }
 
-// To whole pixels.
-CGFloat rounded(CGFloat number) {
-  const CGFloat scale = UIScreen::mainScreen().scale();
-  return std::round(number * scale) / scale;
-}
-
-CGFloat roundedUp(CGFloat number) {
-  const CGFloat scale = UIScreen::mainScreen().scale();
-  return std::ceil(number * scale) / scale;
-}
-
 bool hasText(const std::shared_ptr<UILabel>& label) {
   return label != nullptr && !label->text().empty();
 }
 
 CGSize textSize(const UILabel& label, CGSize area) {
   const CGSize size = label.sizeThatFits(area);
-  return {std::min(roundedUp(size.width), area.width),
-          std::min(roundedUp(size.height), area.height)};
+  return {std::min(size.width, area.width), std::min(size.height, area.height)};
 }
 
 }  // namespace
@@ -109,7 +98,7 @@ UITableViewCell::Layout UITableViewCell::makeLayout() const {
                                                              : layout.accessory->bounds().size;
     const CGFloat x = end - layout.margin - size.width;
     layout.accessoryFrame =
-        CGRectMake(x, rounded((layout.height - size.height) / 2), size.width, size.height);
+        CGRectMake(x, roundedToPixel((layout.height - size.height) / 2), size.width, size.height);
     layout.contentEnd = x - gap;
   }
   layout.contentEnd = std::max(layout.contentStart, layout.contentEnd);
@@ -198,9 +187,11 @@ void UITableViewCell::layoutTexts() {
   if (imageView_->image() != nullptr) {
     const CGSize size = imageView_->image()->size();
     const CGFloat shrink = size.height > height && size.height > 0 ? height / size.height : 1;
-    const CGSize shown = {rounded(size.width * shrink), rounded(size.height * shrink)};
+    const CGSize shown = {roundedToPixel(size.width * shrink),
+                          roundedToPixel(size.height * shrink)};
     imageView_->setFrame(mirrored(
-        CGRectMake(start, rounded((height - shown.height) / 2), shown.width, shown.height), width));
+        CGRectMake(start, roundedToPixel((height - shown.height) / 2), shown.width, shown.height),
+        width));
     start += shown.width + kImageGap;
   }
   // Beside an accessory the content view has ended at its gap already.
@@ -228,7 +219,7 @@ void UITableViewCell::layoutSubtitle(const CGRect& area) {
   }
   const CGFloat first = textSize(*textLabel_, area.size).height;
   const CGFloat second = textSize(*detailTextLabel_, area.size).height;
-  const CGFloat top = std::max(0.0, rounded((area.height() - first - second) / 2));
+  const CGFloat top = std::max(0.0, roundedToPixel((area.height() - first - second) / 2));
   textLabel_->setFrame(mirrored(CGRectMake(area.x(), top, area.width(), first), width));
   detailTextLabel_->setFrame(
       mirrored(CGRectMake(area.x(), top + first, area.width(), second), width));
@@ -322,7 +313,15 @@ void UITableViewCell::setDeletionOffset(CGFloat offset, const std::string& title
   const CGFloat width = std::max(sane, deleteButton_->preferredWidth());
   deleteButton_->setFrame(
       mirrored(CGRectMake(bounds().width(), 0, width, bounds().height()), bounds().width()));
-  deleteButton_->setHidden(sane == 0);
+  if (sane > 0 || !title.empty()) {
+    deleteButton_->setHidden(false);
+  }
+}
+
+void UITableViewCell::hideDeleteButton() {
+  if (deleteButton_ != nullptr && deletionOffset_ == 0) {
+    deleteButton_->setHidden(true);
+  }
 }
 
 }  // namespace zephyl

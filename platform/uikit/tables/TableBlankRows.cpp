@@ -1,0 +1,40 @@
+#include "platform/uikit/tables/TableBlankRows.h"
+
+#include "platform/uikit/UIScreen.h"
+
+namespace zephyl {
+
+TableBlankRows::TableBlankRows() {
+  setOpaque(false);
+  setUserInteractionEnabled(false);
+  setContentMode(UIViewContentMode::kRedraw);
+}
+
+void TableBlankRows::setRowHeight(CGFloat height) {
+  if (height == rowHeight_) {
+    return;
+  }
+  rowHeight_ = height;
+  setNeedsDisplay();
+}
+
+void TableBlankRows::setInset(CGFloat inset) {
+  if (inset == inset_) {
+    return;
+  }
+  inset_ = inset;
+  setNeedsDisplay();
+}
+
+void TableBlankRows::drawRect(CGContext& context, const CGRect& rect) {
+  if (rowHeight_ < 1) {
+    return;
+  }
+  const CGFloat line = 1 / UIScreen::mainScreen().scale();
+  const CGFloat x = UIScreen::mainScreen().isRightToLeft() ? 0 : inset_;
+  for (CGFloat y = rowHeight_; y <= rect.height(); y += rowHeight_) {
+    context.fill({CGRectMake(x, y - line, rect.width() - inset_, line)}, UIColor::separatorColor());
+  }
+}
+
+}  // namespace zephyl
