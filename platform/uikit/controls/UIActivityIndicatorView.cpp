@@ -102,10 +102,10 @@ void UIActivityIndicatorView::turn() {
     return;
   }
   turning_ = true;
-  addFrameCallback(weak_from_this(), [this](double timestamp) { return frame(timestamp); });
+  addFrameCallback(weak_from_this(), [this](double timestamp) { return proceed(timestamp); });
 }
 
-bool UIActivityIndicatorView::frame(double timestamp) {
+bool UIActivityIndicatorView::proceed(double timestamp) {
   turning_ = animating_ && window() != nullptr && !UIScreen::mainScreen().prefersReducedMotion();
   if (!turning_) {
     return false;

@@ -55,7 +55,7 @@ class ZP_EXPORT UIActivityIndicatorView : public UIView {
 
  private:
   void turn();
-  bool frame(double timestamp);
+  bool proceed(double timestamp);
 
   UIActivityIndicatorViewStyle style_;
   std::optional<UIColor> color_;
