@@ -12,6 +12,8 @@ namespace {
 
 class UIActivityIndicatorViewTest : public ::testing::Test {
  protected:
+  UIActivityIndicatorViewTest() { device_.device().setSystemVersion("14.4"); }
+
   fake::FakeDisplayLink& link() { return device_.uikit()->displayLink(); }
   int bladesDrawn() {
     fake::RecordingContext context;

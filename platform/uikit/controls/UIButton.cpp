@@ -1,7 +1,6 @@
 #include "platform/uikit/controls/UIButton.h"
 
 #include <algorithm>
-#include <array>
 
 #include "platform/uikit/UIScreen.h"
 #include "platform/uikit/UIViewAnimation.h"
@@ -65,17 +64,24 @@ std::shared_ptr<UIButton> UIButton::buttonWithType(UIButtonType type) {
 
 template <class T>
 std::optional<T> UIButton::find(std::optional<T> Content::*member, unsigned state) const {
-  // Of a combined state the disabled part counts most; without any, the normal state's.
-  const std::array<unsigned, 5> states = {state, state & kControlStateDisabled,
-                                          state & kControlStateHighlighted,
-                                          state & kControlStateSelected, kControlStateNormal};
-  for (const unsigned each : states) {
-    if (const auto found = contents_.find(each);
-        found != contents_.end() && (found->second.*member).has_value()) {
-      return found->second.*member;
+  // Of a combined state the disabled part counts most; without any of its parts, it is the normal
+  // state.
+  const auto own = [&](unsigned each) -> std::optional<T> {
+    const auto found = contents_.find(each);
+    return found == contents_.end() ? std::nullopt : found->second.*member;
+  };
+  if (const auto whole = own(state)) {
+    return whole;
+  }
+  for (const unsigned part :
+       {kControlStateDisabled, kControlStateHighlighted, kControlStateSelected}) {
+    if ((state & part) != 0) {
+      if (const auto partly = own(part)) {
+        return partly;
+      }
     }
   }
-  return std::nullopt;
+  return own(kControlStateNormal);
 }
 
 void UIButton::setTitle(const std::string& title, unsigned state) {

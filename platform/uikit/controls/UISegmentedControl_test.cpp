@@ -29,6 +29,7 @@ class UISegmentedControlTest : public ::testing::Test {
   void touch(UITouchPhase phase, CGFloat x, CGFloat y = 110) {
     test::touch(*window_, phase, {x, y});
   }
+  bool press(UIKey key) { return control_->pressesBegan({key, ""}); }
   // Ground, separators, the raised segment, then titles.
   [[nodiscard]] const CALayer& raised() const { return *control_->layer()->sublayers().at(3); }
   [[nodiscard]] CGFloat separatorOpacity(std::size_t index) const {
@@ -110,12 +111,12 @@ TEST_F(UISegmentedControlTest, LostDragPutsItBack) {
 }
 
 TEST_F(UISegmentedControlTest, ArrowsSelectTheNeighbour) {
-  EXPECT_TRUE(control_->pressesBegan({UIKey::kRight}));
+  EXPECT_TRUE(press(UIKey::kRight));
   EXPECT_EQ(control_->selectedSegmentIndex(), 0);
-  EXPECT_TRUE(control_->pressesBegan({UIKey::kRight}));
+  EXPECT_TRUE(press(UIKey::kRight));
   EXPECT_EQ(control_->selectedSegmentIndex(), 1);
-  EXPECT_TRUE(control_->pressesBegan({UIKey::kLeft}));
-  EXPECT_TRUE(control_->pressesBegan({UIKey::kLeft}));
+  EXPECT_TRUE(press(UIKey::kLeft));
+  EXPECT_TRUE(press(UIKey::kLeft));
   EXPECT_EQ(control_->selectedSegmentIndex(), 0);
   EXPECT_EQ(changes_, 3);
 }
@@ -128,7 +129,7 @@ TEST_F(UISegmentedControlTest, RightToLeftIsMirrored) {
   test::tap(*window_, {60, 110});
   EXPECT_EQ(control_->selectedSegmentIndex(), 2);
   EXPECT_EQ(raised().frame().x(), 2);
-  EXPECT_TRUE(control_->pressesBegan({UIKey::kRight}));
+  EXPECT_TRUE(press(UIKey::kRight));
   EXPECT_EQ(control_->selectedSegmentIndex(), 1);
 }
 
@@ -154,7 +155,7 @@ TEST_F(UISegmentedControlTest, SegmentThatLeftItsControlIsActivatedByNobody) {
 TEST_F(UISegmentedControlTest, StrangeItemsAndSizesDoNoHarm) {
   control_->setItems({});
   test::tap(*window_, {200, 110});
-  EXPECT_FALSE(control_->pressesBegan({UIKey::kRight}));
+  EXPECT_FALSE(press(UIKey::kRight));
   EXPECT_EQ(control_->intrinsicContentSize().width, 0);
   control_->setItems({"", std::string(100000, 'x'), "\xff\xfe"});
   control_->setFrame(CGRectMake(0, 0, std::numeric_limits<CGFloat>::infinity(), -5));
@@ -169,7 +170,7 @@ TEST_F(UISegmentedControlTest, StrangeItemsAndSizesDoNoHarm) {
 TEST_F(UISegmentedControlTest, DisabledOneStays) {
   control_->setEnabled(false);
   test::tap(*window_, {200, 110});
-  EXPECT_FALSE(control_->pressesBegan({UIKey::kRight}));
+  EXPECT_FALSE(press(UIKey::kRight));
   EXPECT_FALSE(test::viewShowing(*control_, "One")->accessibilityActivate());
   EXPECT_EQ(control_->selectedSegmentIndex(), UISegmentedControl::kNoSegment);
 }

@@ -6,6 +6,13 @@
 #include "platform/uikit/gestures/TouchDispatcher.h"
 
 namespace zephyl {
+namespace {
+
+CGPoint inView(CGPoint location, const UIView* view) {
+  return view == nullptr ? location : view->convertPointFromView(location, nullptr);
+}
+
+}  // namespace
 
 void UIGestureRecognizer::setEnabled(bool enabled) {
   if (enabled_ == enabled) {
@@ -18,7 +25,12 @@ void UIGestureRecognizer::setEnabled(bool enabled) {
 }
 
 CGPoint UIGestureRecognizer::locationInView(const UIView* view) const {
-  return view == nullptr ? location_ : view->convertPointFromView(location_, nullptr);
+  return inView(location_, view);
+}
+
+CGPoint UIGestureRecognizer::locationOfTouch(int index, const UIView* view) const {
+  const bool down = index >= 0 && index < static_cast<int>(touches_.size());
+  return inView(down ? touches_[static_cast<std::size_t>(index)].location : location_, view);
 }
 
 bool UIGestureRecognizer::followsTouches() const {
@@ -80,8 +92,9 @@ void UIGestureRecognizer::setView(UIView* view) {
   if (view_ == view) {
     return;
   }
-  prevent();
+  // First of all: it may be the end of the view, which nobody is to see any more.
   view_ = view;
+  prevent();
 }
 
 bool UIGestureRecognizer::mayBegin() {

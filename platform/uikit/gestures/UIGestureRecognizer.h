@@ -54,6 +54,9 @@ class ZP_EXPORT UIGestureRecognizer : public std::enable_shared_from_this<UIGest
   // the window's when it is null.
   [[nodiscard]] CGPoint locationInView(const UIView* view) const;
 
+  // Of one finger, in the order they went down; that of all for an index that is no finger's.
+  [[nodiscard]] CGPoint locationOfTouch(int index, const UIView* view) const;
+
   // Asked before it begins; a screen may say no. Null is always yes.
   std::function<bool(UIGestureRecognizer& recognizer)> shouldBegin;
 

@@ -39,10 +39,10 @@ class UIGestureRecognizerTest : public ::testing::Test {
   }
 
   fake::Device device_;
-  std::shared_ptr<UIWindow> window_ = std::make_shared<UIWindow>(CGRectMake(0, 0, 400, 400));
-  std::shared_ptr<UIView> view_ = std::make_shared<UIView>(CGRectMake(20, 30, 300, 300));
   std::vector<State> states_;
   std::vector<int> touches_;
+  std::shared_ptr<UIWindow> window_ = std::make_shared<UIWindow>(CGRectMake(0, 0, 400, 400));
+  std::shared_ptr<UIView> view_ = std::make_shared<UIView>(CGRectMake(20, 30, 300, 300));
 };
 
 TEST_F(UIGestureRecognizerTest, TapEndsWithOneTouchWhereItWas) {
