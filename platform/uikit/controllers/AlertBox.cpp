@@ -17,7 +17,7 @@ constexpr CGFloat kTitleMargin = 8;
 constexpr CGFloat kMaximumTextHeight = 10'000;
 
 std::shared_ptr<UILabel> makeLabel(const UIFont& font, const UIColor& color) {
-  const auto label = std::make_shared<UILabel>();
+  auto label = std::make_shared<UILabel>();
   label->setFont(font);
   label->setTextColor(color);
   label->setTextAlignment(NSTextAlignment::kCenter);

@@ -84,7 +84,7 @@ void ActionSheetPresentation::showGone(bool appearing) {
   const auto& view = presentedViewController()->view();
   view->setAlpha(1);
   view->setTransform(CGAffineTransformIdentity);
-  UIPresentationController::showGone(appearing);
+  moveBelow();
 }
 
 }  // namespace zephyl

@@ -85,7 +85,7 @@ std::shared_ptr<AlertButton> AlertView::makeButton(const UIAlertActionRef& actio
                                                    bool emphasized) {
   const CGFloat size = style_ == UIAlertControllerStyle::kAlert ? 17 : 20;
   const auto weight = emphasized ? UIFont::Weight::kSemibold : UIFont::Weight::kRegular;
-  const auto button = std::make_shared<AlertButton>(action, UIFont::systemFontOfSize(size, weight));
+  auto button = std::make_shared<AlertButton>(action, UIFont::systemFontOfSize(size, weight));
   button->addTarget(
       weak_from_this(),
       [this](UIControl& sender) {

@@ -23,7 +23,7 @@ constexpr CGFloat kChevronGap = 6;
 constexpr CGFloat kUnlimited = 1e5;
 
 std::shared_ptr<UILabel> makeLabel(UIFont::Weight weight) {
-  const auto label = std::make_shared<UILabel>();
+  auto label = std::make_shared<UILabel>();
   label->setFont(UIFont::systemFontOfSize(kFontSize, weight));
   label->setUserInteractionEnabled(false);
   return label;

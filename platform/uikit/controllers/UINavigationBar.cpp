@@ -17,7 +17,7 @@ constexpr double kSlideDuration = 0.35;
 constexpr double kChangeDuration = 0.2;
 
 std::shared_ptr<UIView> plainView(const UIColor& color) {
-  const auto view = std::make_shared<UIView>();
+  auto view = std::make_shared<UIView>();
   view->setBackgroundColor(color);
   view->setUserInteractionEnabled(false);
   return view;

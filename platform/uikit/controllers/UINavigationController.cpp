@@ -45,7 +45,7 @@ std::shared_ptr<UIViewController> UINavigationController::topViewController() co
   return stack_.empty() ? nullptr : stack_.back();
 }
 
-void UINavigationController::setViewControllers(Controllers controllers, bool animated) {
+void UINavigationController::setViewControllers(const Controllers& controllers, bool animated) {
   Controllers stack;
   for (const auto& controller : controllers) {
     if (controller != nullptr && std::ranges::find(stack, controller) == stack.end()) {

@@ -27,7 +27,7 @@ class ZP_EXPORT UINavigationController : public UIViewController {
 
   // From the root to the top.
   [[nodiscard]] const Controllers& viewControllers() const { return stack_; }
-  void setViewControllers(Controllers controllers, bool animated = false);
+  void setViewControllers(const Controllers& controllers, bool animated = false);
   // Null when there is none.
   [[nodiscard]] std::shared_ptr<UIViewController> topViewController() const;
 

@@ -65,6 +65,10 @@ double UIPresentationController::duration(bool /*appearing*/) const {
 }
 
 void UIPresentationController::showGone(bool /*appearing*/) {
+  moveBelow();
+}
+
+void UIPresentationController::moveBelow() {
   const CGFloat below = container_->bounds().maxY() - frameOfPresentedView().y();
   presented_->view()->setTransform(CGAffineTransformMakeTranslation(0, below));
 }

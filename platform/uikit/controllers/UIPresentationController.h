@@ -69,6 +69,8 @@ class ZP_EXPORT UIPresentationController
   // can be animated.
   virtual void showGone(bool appearing);
   virtual void showPresented();
+  // Moves the presented view down out of the container.
+  void moveBelow();
 
  private:
   class Container;

@@ -1,6 +1,5 @@
 // A screen, or a container of screens: it makes its view when that is first asked for, is told when
 // the view appears and goes, and shows other screens over itself. Main thread.
-
 #pragma once
 
 #include <functional>
@@ -74,13 +73,11 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   virtual void didMoveToParentViewController(UIViewController* /*parent*/) {}
   // The nearest one that this screen is in; null when there is none.
   [[nodiscard]] std::shared_ptr<UINavigationController> navigationController() const;
-  // For containers: passed on to the children that are seen. An animated transition begins and ends
-  // apart from one another.
+  // For containers: passed on to the children that are seen.
   void beginAppearanceTransition(bool appearing, bool animated);
   void endAppearanceTransition();
   [[nodiscard]] bool isAppearing() const { return appearance_ == Appearance::kAppearing; }
   [[nodiscard]] bool hasAppeared() const { return appearance_ == Appearance::kAppeared; }
-
   // What covers the edges of the view.
   [[nodiscard]] UIEdgeInsets safeAreaInsets() const;
   [[nodiscard]] UILayoutGuide topLayoutGuide() const { return {safeAreaInsets().top}; }
