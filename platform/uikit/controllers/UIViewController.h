@@ -36,7 +36,7 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   UIViewController(const UIViewController&) = delete;
   UIViewController& operator=(const UIViewController&) = delete;
 
-  // The view. `view` loads it at the first call; a `loadView` that makes none leaves an empty one.
+  // Loads the view at the first call; a `loadView` that makes none leaves an empty one.
   const std::shared_ptr<UIView>& view();
   [[nodiscard]] const std::shared_ptr<UIView>& viewIfLoaded() const { return view_; }
   [[nodiscard]] bool isViewLoaded() const { return view_ != nullptr; }
@@ -49,7 +49,7 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   virtual void viewDidAppear(bool /*animated*/) {}
   virtual void viewWillDisappear(bool /*animated*/) {}
   virtual void viewDidDisappear(bool /*animated*/) {}
-  // Around each layout of the view's subviews.
+  // Around each layout of the view.
   virtual void viewWillLayoutSubviews() {}
   virtual void viewDidLayoutSubviews() {}
 
@@ -94,11 +94,9 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   // Dismisses what this screen presents with all above it, else this screen itself. With neither,
   // `completion` runs at once; while that goes already, after it; while it still comes, both later.
   void dismissViewControllerAnimated(bool animated, Completion completion = nullptr);
-  // Of this screen or the container it is in; null when there is none.
   [[nodiscard]] std::shared_ptr<UIViewController> presentedViewController() const;
   [[nodiscard]] std::shared_ptr<UIViewController> presentingViewController() const;
-  // For windows: what this screen presents is gone at once, and nobody is told.
-  void abandonPresented();
+  void abandonPresented();  // For windows: it is gone at once, and nobody is told.
   [[nodiscard]] UIModalPresentationStyle modalPresentationStyle() const { return style_; }
   void setModalPresentationStyle(UIModalPresentationStyle style) { style_ = style; }
   // How this screen comes and goes when it is presented.
