@@ -37,7 +37,7 @@ class CALayerRenderingTest : public ::testing::Test {
   }
 
   std::shared_ptr<CALayer> add(const CGRect& frame, const UIColor& color) {
-    const auto added = std::make_shared<CALayer>();
+    auto added = std::make_shared<CALayer>();
     added->setFrame(frame);
     added->setBackgroundColor(color);
     layer_->addSublayer(added);

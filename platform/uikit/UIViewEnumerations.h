@@ -25,6 +25,7 @@ enum UIViewAutoresizing : unsigned {
 // Bits of UIView::animateWithDuration, with the platform's values.
 enum UIViewAnimationOptions : unsigned {
   kAnimationNoOptions = 0,
+  // Changes nothing here: what moves can be touched in any case.
   kAnimationAllowUserInteraction = 1U << 1U,
   // From what is on the screen, where another animation still runs; else from the layer's value.
   kAnimationBeginFromCurrentState = 1U << 2U,
