@@ -13,8 +13,8 @@ namespace zephyl {
 
 // How a text is set into an area.
 struct TextStyle {
-  // The width at which lines end and to which they are aligned; and the height beyond which no
-  // line begins, the first excepted.
+  // The width at which lines end and to which they are aligned; and the height that every line has
+  // to fit into, the first excepted.
   CGSize area{1e6, 1e6};
   // 0 is any number.
   int maximumLines = 0;

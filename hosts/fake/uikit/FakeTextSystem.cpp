@@ -90,7 +90,7 @@ class Typesetter {
     while (more) {
       const CGFloat height = heightOf(at, at);
       const bool last = static_cast<int>(lines_.size()) + 1 == style_.maximumLines ||
-                        y + height >= height_ - kTolerance;
+                        y + 2 * height > height_ + kTolerance;
       if (last) {
         addLastLine(at);
         return;

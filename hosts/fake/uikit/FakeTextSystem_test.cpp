@@ -75,13 +75,14 @@ TEST_F(FakeTextSystemTest, WhatIsBeyondTheLastLineIsLeftOut) {
   EXPECT_FALSE(set("one two", 20, 2)->isTruncated());
 }
 
-TEST_F(FakeTextSystemTest, NoLineBeginsBeyondTheHeight) {
+TEST_F(FakeTextSystemTest, LinesThatDoNotFitTheHeightAreLeftOut) {
   const auto in = [&](CGFloat height) {
     return texts_.layout(text("one two three"), {{20, height}})->lineCount();
   };
   EXPECT_EQ(in(0), 1);
   EXPECT_EQ(in(12), 1);
-  EXPECT_EQ(in(13), 2);
+  EXPECT_EQ(in(23), 1);
+  EXPECT_EQ(in(24), 2);
   EXPECT_EQ(in(std::numeric_limits<CGFloat>::infinity()), 4);
 }
 
