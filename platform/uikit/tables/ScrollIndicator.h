@@ -7,7 +7,7 @@
 
 namespace zephyl {
 
-class ScrollIndicator : public UIView {
+class ZP_EXPORT ScrollIndicator : public UIView {
  public:
   static constexpr CGFloat kWidth = 3;
   static constexpr CGFloat kShortest = 36;

@@ -25,8 +25,8 @@ void TableAccessoryView::setType(UITableViewCellAccessoryType type) {
   setNeedsDisplay();
 }
 
-CGSize TableAccessoryView::sizeThatFits(CGSize /*size*/) const {
-  switch (type_) {
+CGSize TableAccessoryView::sizeOfType(UITableViewCellAccessoryType type) {
+  switch (type) {
     case UITableViewCellAccessoryType::kDisclosureIndicator:
       return kChevronSize;
     case UITableViewCellAccessoryType::kCheckmark:

@@ -8,14 +8,15 @@
 
 namespace zephyl {
 
-class TableAccessoryView : public UIView {
+class ZP_EXPORT TableAccessoryView : public UIView {
  public:
   TableAccessoryView();
 
   [[nodiscard]] UITableViewCellAccessoryType type() const { return type_; }
   void setType(UITableViewCellAccessoryType type);
 
-  [[nodiscard]] CGSize sizeThatFits(CGSize size) const override;
+  [[nodiscard]] static CGSize sizeOfType(UITableViewCellAccessoryType type);
+  [[nodiscard]] CGSize sizeThatFits(CGSize /*size*/) const override { return sizeOfType(type_); }
   void drawRect(CGContext& context, const CGRect& rect) override;
   void tintColorDidChange() override { setNeedsDisplay(); }
   [[nodiscard]] const char* className() const override { return "UITableViewCellAccessory"; }

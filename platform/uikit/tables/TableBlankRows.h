@@ -6,7 +6,7 @@
 
 namespace zephyl {
 
-class TableBlankRows : public UIView {
+class ZP_EXPORT TableBlankRows : public UIView {
  public:
   TableBlankRows();
 

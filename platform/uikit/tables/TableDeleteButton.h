@@ -11,7 +11,7 @@ namespace zephyl {
 
 class UILabel;
 
-class TableDeleteButton : public UIControl {
+class ZP_EXPORT TableDeleteButton : public UIControl {
  public:
   TableDeleteButton();
   ~TableDeleteButton() override;

@@ -59,7 +59,7 @@ bool TableEditControl::isAccessibilityElement() const {
 }
 
 std::string TableEditControl::derivedAccessibilityLabel() const {
-  return uikitText(style_ == UITableViewCellEditingStyle::kInsert ? "Insert" : "Delete");
+  return style_ == UITableViewCellEditingStyle::kInsert ? uikitText("Add") : uikitText("Delete");
 }
 
 std::string TableEditControl::describe() const {

@@ -10,7 +10,7 @@
 
 namespace zephyl {
 
-class TableEditControl : public UIControl {
+class ZP_EXPORT TableEditControl : public UIControl {
  public:
   static constexpr CGFloat kSide = 22;
 

@@ -122,8 +122,9 @@ void TableSectionIndex::pick(std::int64_t entry) {
   picked_ = entry;
   // It may take this view away.
   const auto kept = weak_from_this().lock();
-  const Pick told = pick_;
-  told(entry);
+  if (const Pick told = pick_) {
+    told(entry);
+  }
 }
 
 std::string TableSectionIndex::accessibilityValue() const {

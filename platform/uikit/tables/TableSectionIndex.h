@@ -13,13 +13,14 @@
 
 namespace zephyl {
 
-class TableSectionIndex : public UIControl {
+class ZP_EXPORT TableSectionIndex : public UIControl {
  public:
   static constexpr CGFloat kWidth = 20;
 
   // `pick` gets the number of an entry, each time that the finger reaches another one.
   using Pick = std::function<void(std::int64_t entry)>;
   explicit TableSectionIndex(Pick pick);
+  void setPick(Pick pick) { pick_ = std::move(pick); }
 
   [[nodiscard]] const std::vector<std::string>& titles() const { return titles_; }
   void setTitles(std::vector<std::string> titles);

@@ -75,7 +75,7 @@ UIAccessibilityState UIRefreshControl::accessibilityState() const {
 }
 
 std::string UIRefreshControl::derivedAccessibilityLabel() const {
-  return uikitText("Refreshing");
+  return uikitText("In progress");
 }
 
 }  // namespace zephyl

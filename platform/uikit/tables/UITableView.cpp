@@ -17,7 +17,15 @@ UITableView::UITableView(const CGRect& frame, UITableViewStyle style)
   core_->addSwipeRecognizer();
 }
 
-UITableView::~UITableView() = default;
+UITableView::~UITableView() {
+  // Others may hold them longer.
+  if (core_->refresh != nullptr) {
+    core_->refresh->setRoomMaker(nullptr);
+  }
+  if (core_->index != nullptr) {
+    core_->index->setPick(nullptr);
+  }
+}
 
 UITableViewStyle UITableView::style() const {
   return core_->style;
@@ -128,7 +136,6 @@ void UITableView::setRefreshControl(const std::shared_ptr<UIRefreshControl>& con
   core_->refresh = control;
   if (control != nullptr) {
     insertBelowIndicator(control);
-    // The control is the table's own: it does not outlive it in the tree.
     control->setRoomMaker([this](CGFloat room) { core_->makeRoom(room); });
   }
   setNeedsLayout();
@@ -147,6 +154,8 @@ void UITableView::setFrame(const CGRect& frame) {
 }
 
 void UITableView::contentOffsetDidChange() {
+  // A finger may be on it.
+  core_->layoutIndex();
   if (core_->refresh != nullptr) {
     const CGFloat pulled = verticalRange().lowest - contentOffset().y;
     core_->refresh->pulled(pulled, isDragging());

@@ -94,8 +94,9 @@ UITableViewCell::Layout UITableViewCell::makeLayout() const {
     gap = kAccessoryGap;
   }
   if (layout.accessory != nullptr) {
-    const CGSize size = layout.accessory == accessory_.get() ? accessory_->sizeThatFits({0, 0})
-                                                             : layout.accessory->bounds().size;
+    const CGSize size = layout.accessory == accessory_.get()
+                            ? TableAccessoryView::sizeOfType(accessoryType_)
+                            : layout.accessory->bounds().size;
     const CGFloat x = end - layout.margin - size.width;
     layout.accessoryFrame =
         CGRectMake(x, roundedToPixel((layout.height - size.height) / 2), size.width, size.height);

@@ -85,7 +85,7 @@ struct UITableView::Core {
   void layoutBanners();
   void layoutBanner(std::int64_t section, bool isFooter);
   [[nodiscard]] CGRect bannerFrame(std::int64_t section, bool isFooter) const;
-  void layoutFront();
+  void layoutIndex();
   void layoutBlankRows();
   [[nodiscard]] std::size_t frontIndex() const;
   void placeRow(const NSIndexPath& path);

@@ -11,9 +11,7 @@ class UITableViewHostileTest : public test::TableTest {};
 
 class Nonsense : public UITableViewDataSource, public UITableViewDelegate {
  public:
-  std::int64_t numberOfSectionsInTableView(UITableView& /*tableView*/) override {
-    return sections;
-  }
+  std::int64_t numberOfSectionsInTableView(UITableView& /*tableView*/) override { return sections; }
   std::int64_t numberOfRowsInSection(UITableView& /*tableView*/,
                                      std::int64_t /*section*/) override {
     return rows;

@@ -117,6 +117,10 @@ bool UITableView::Core::deleteFocused() {
   return true;
 }
 
+std::optional<NSIndexPath> UITableView::indexPathForFocusedRow() const {
+  return core_->focusedRow;
+}
+
 bool UITableView::becomeFirstResponder() {
   if (!UIScrollView::becomeFirstResponder()) {
     return false;

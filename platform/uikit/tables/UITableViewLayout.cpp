@@ -23,7 +23,8 @@ void UITableView::Core::layout() {
   table.UIScrollView::layoutSubviews();
   layoutRows();
   layoutBanners();
-  layoutFront();
+  layoutIndex();
+  layoutFocusRing();
   layingOut = false;
 }
 
@@ -234,12 +235,11 @@ std::size_t UITableView::Core::frontIndex() const {
   return front == views.end() ? last : static_cast<std::size_t>(front - views.begin());
 }
 
-void UITableView::Core::layoutFront() {
+void UITableView::Core::layoutIndex() {
   if (index != nullptr) {
     const CGRect area = UIEdgeInsetsInsetRect(table.bounds(), table.adjustedContentInset());
     index->placeIn(area);
   }
-  layoutFocusRing();
 }
 
 void UITableView::Core::scrollTo(CGFloat y, bool animated) {

@@ -14,11 +14,12 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/fake/Device.h"
 #include "platform/uikit/UIWindow.h"
 #include "platform/uikit/tables/UITableView.h"
 #include "platform/uikit/testing/TreeBuilder.h"
 #include "platform/uikit/text/UILabel.h"
+
+#include "hosts/fake/Device.h"
 
 namespace zephyl::test {
 
