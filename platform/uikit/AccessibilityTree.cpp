@@ -1,5 +1,8 @@
 #include "platform/uikit/AccessibilityTree.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace zephyl {
 namespace {
 
@@ -29,8 +32,18 @@ bool holdsTexts(const UIView& view) {
   }
 }
 
+// A table is read from the top, its headers between the rows, and at last its index, whatever lies
+// over what.
 void pushSubviews(std::vector<std::shared_ptr<UIView>>& stack, const UIView& view) {
-  stack.insert(stack.end(), view.subviews().rbegin(), view.subviews().rend());
+  std::vector<std::shared_ptr<UIView>> subviews = view.subviews();
+  if (view.accessibilityRole() == UIAccessibilityRole::kTable) {
+    const auto place = [](const UIView& each) {
+      return std::pair(each.accessibilityRole() == UIAccessibilityRole::kSlider, each.frame().y());
+    };
+    std::stable_sort(subviews.begin(), subviews.end(),
+                     [&place](const auto& a, const auto& b) { return place(*a) < place(*b); });
+  }
+  stack.insert(stack.end(), subviews.rbegin(), subviews.rend());
 }
 
 }  // namespace

@@ -6,7 +6,8 @@
 namespace zephyl {
 namespace {
 
-constexpr CGFloat kFarthest = 1e6;
+// Two million rows of a table.
+constexpr CGFloat kFarthest = 1e8;
 
 }  // namespace
 

@@ -62,7 +62,7 @@ struct CGRect {
 [[nodiscard]] ZP_EXPORT CGRect CGRectUnion(const CGRect& a, const CGRect& b);
 [[nodiscard]] ZP_EXPORT CGRect UIEdgeInsetsInsetRect(const CGRect& rect, const UIEdgeInsets& by);
 
-// Each number that is not finite becomes 0, and one beyond a million becomes a million: what a view
+// Each number that is not finite becomes 0, and one beyond 1e8 becomes 1e8: what a view
 // can stand, whatever arithmetic led there. A negative size is turned to a positive one that covers
 // the same area.
 [[nodiscard]] ZP_EXPORT CGFloat finite(CGFloat number);

@@ -21,7 +21,7 @@ UITableViewHeaderFooterView::UITableViewHeaderFooterView(std::string reuseIdenti
   contentView_->setOpaque(false);
   addSubview(contentView_);
   contentView_->addSubview(textLabel_);
-  setTableStyle(UITableViewStyle::kPlain, /*isFooter=*/false);
+  setOpaque(false);
 }
 
 UITableViewHeaderFooterView::~UITableViewHeaderFooterView() = default;
@@ -32,6 +32,10 @@ const std::shared_ptr<UILabel>& UITableViewHeaderFooterView::textLabel() {
 }
 
 void UITableViewHeaderFooterView::setTableStyle(UITableViewStyle style, bool isFooter) {
+  if (styled_ && style == tableStyle_ && isFooter == isFooter_) {
+    return;
+  }
+  styled_ = true;
   tableStyle_ = style;
   isFooter_ = isFooter;
   if (style == UITableViewStyle::kPlain) {

@@ -25,7 +25,8 @@ class ZP_EXPORT UITableViewHeaderFooterView : public UIView {
   // Before it is shown for another section.
   virtual void prepareForReuse() {}
 
-  // The table's: how its titles look, and on which side of the rows this one is.
+  // The table's, when it first shows the view: how its titles look, and on which side of the rows
+  // this one is. Kept: fonts and colours that a screen set before are lost.
   void setTableStyle(UITableViewStyle style, bool isFooter);
   // What the title needs in the width; 0 without a title.
   [[nodiscard]] CGFloat titleHeight(CGFloat width) const;
@@ -45,6 +46,7 @@ class ZP_EXPORT UITableViewHeaderFooterView : public UIView {
   std::shared_ptr<UILabel> textLabel_;
   UITableViewStyle tableStyle_ = UITableViewStyle::kPlain;
   bool isFooter_ = false;
+  bool styled_ = false;
 };
 
 }  // namespace zephyl

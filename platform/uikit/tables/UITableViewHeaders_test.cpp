@@ -124,6 +124,15 @@ TEST_F(GroupedTableTest, AFootersTitleHasAsManyLinesAsItNeeds) {
   EXPECT_EQ(table_->footerViewForSection(0)->accessibilityRole(), UIAccessibilityRole::kStaticText);
 }
 
+TEST_F(GroupedTableTest, AViewOfTheDelegatesIsClearLikeTheTablesOwn) {
+  const auto view = std::make_shared<UITableViewHeaderFooterView>("mine");
+  rules_->footerView = [view](std::int64_t section) { return section == 0 ? view : nullptr; };
+  layout();
+  EXPECT_EQ(view->superview(), table_.get());
+  EXPECT_EQ(view->backgroundColor(), UIColor::clearColor());
+  EXPECT_EQ(view->textLabel()->font().pointSize(), 13);
+}
+
 TEST_F(GroupedTableTest, HeightsWithoutAViewAreRoomAndAskedForOnce) {
   rules_->footerHeight = [](std::int64_t /*section*/) { return std::optional(100.0); };
   layout();

@@ -129,7 +129,11 @@ UITableView::Core::Banner UITableView::Core::makeBanner(std::int64_t section, bo
   }
   asking = wasAsking;
   if (view != nullptr || title.empty()) {
-    return {view, std::dynamic_pointer_cast<UITableViewHeaderFooterView>(view)};
+    const auto reusable = std::dynamic_pointer_cast<UITableViewHeaderFooterView>(view);
+    if (reusable != nullptr) {
+      reusable->setTableStyle(style, isFooter);
+    }
+    return {view, reusable};
   }
   auto made = table.dequeueReusableHeaderFooterViewWithIdentifier(kTitleIdentifier);
   if (made == nullptr) {

@@ -3,7 +3,10 @@
 #include <limits>
 
 #include "platform/uikit/TreeDump.h"
+#include "platform/uikit/tables/TableBlankRows.h"
 #include "platform/uikit/testing/TableFixture.h"
+
+#include "hosts/fake/uikit/RecordingContext.h"
 
 namespace zephyl {
 namespace {
@@ -166,6 +169,41 @@ TEST_F(UITableViewTest, ScrollingATableOnlyDrawsWhatComesIn) {
     drawn += rect.width() * rect.height();
   }
   EXPECT_LE(drawn, 320 * 50);
+}
+
+TEST_F(UITableViewTest, ItsElementsAreReadFromTheTopWithTheHeadersBetweenTheRows) {
+  source_->rows = {{"a"}, {"b"}};
+  source_->headers = {{0, "First"}, {1, "Second"}};
+  source_->indexTitles = {"A"};
+  layout();
+  EXPECT_EQ(accessibilityDescription(*table_),
+            "table\n"
+            "  header \"First\"\n"
+            "  row \"a\" value \"1 of 1\"\n"
+            "  header \"Second\"\n"
+            "  row \"b\" value \"1 of 1\"\n"
+            "  slider \"Section index\"\n");
+}
+
+TEST_F(UITableViewTest, AHundredThousandRowsCanAllBeReached) {
+  source_->setRows(100000);
+  layout();
+  table_->scrollToRowAtIndexPath({0, 99999}, UITableViewScrollPosition::kBottom, false);
+  EXPECT_EQ(shown().substr(0, 12), "99990 99991 ");
+  ASSERT_NE(cell(99999), nullptr);
+  EXPECT_EQ(cell(99999)->frame().maxY(), 4400000);
+}
+
+TEST_F(UITableViewTest, AShortTableHasTheLinesOfRowsThatMightFollow) {
+  source_->setRows(8);
+  layout();
+  fake::RecordingContext context;
+  test::viewOf<TableBlankRows>(*table_)->drawRect(context, CGRectMake(0, 0, 320, 88));
+  EXPECT_EQ(context.countOf("fill"), 2);
+  source_->setRows(12);
+  table_->reloadData();
+  layout();
+  EXPECT_TRUE(test::viewOf<TableBlankRows>(*table_)->isHidden());
 }
 
 TEST_F(UITableViewTest, ATableWithoutADataSourceIsEmpty) {
