@@ -33,6 +33,14 @@ Heights heights() {
   return systemVersionIsAtLeast(11.0F) ? Heights{56, 36} : Heights{44, 28};
 }
 
+// The fill of large shapes, fainter than that of buttons.
+UIColor fieldColor() {
+  const CGFloat red = 118 / 255.0;
+  const CGFloat blue = 128 / 255.0;
+  return UIColor::dynamic(UIColor::colorWithRed(red, red, blue, 0.12),
+                          UIColor::colorWithRed(red, red, blue, 0.24));
+}
+
 }  // namespace
 
 class UISearchBar::Field : public UITextField {
@@ -42,7 +50,7 @@ class UISearchBar::Field : public UITextField {
     setPlaceholder(uikitText("Search"));
     setReturnKeyType(UIReturnKeyType::kSearch);
     setClearButtonMode(UITextFieldViewMode::kWhileEditing);
-    setBackgroundColor(UIColor::systemFillColor());
+    setBackgroundColor(fieldColor());
     setOpaque(false);
     layer()->setCornerRadius(kCornerRadius);
     setClipsToBounds(true);
