@@ -32,8 +32,11 @@ void TableBlankRows::drawRect(CGContext& context, const CGRect& rect) {
   }
   const CGFloat line = 1 / UIScreen::mainScreen().scale();
   const CGFloat x = UIScreen::mainScreen().isRightToLeft() ? 0 : inset_;
-  for (CGFloat y = rowHeight_; y <= rect.height(); y += rowHeight_) {
-    context.fill({CGRectMake(x, y - line, rect.width() - inset_, line)}, UIColor::separatorColor());
+  const auto rows = static_cast<int>(rect.height() / rowHeight_);
+  for (int row = 1; row <= rows; ++row) {
+    const CGFloat bottom = rowHeight_ * row;
+    context.fill({CGRectMake(x, bottom - line, rect.width() - inset_, line)},
+                 UIColor::separatorColor());
   }
 }
 

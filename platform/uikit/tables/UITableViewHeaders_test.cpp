@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/uikit/testing/TableFixture.h"
 
 namespace zephyl {
@@ -41,6 +43,27 @@ TEST_F(UITableViewHeadersTest, AHeaderStaysAtTheTopUntilTheNextPushesItAway) {
   layout();
   EXPECT_EQ(table_->headerViewForSection(0), nullptr);
   EXPECT_EQ(table_->headerViewForSection(2)->frame().y(), 430);
+}
+
+TEST_F(UITableViewHeadersTest, AHeaderThatStaysIsDrawnAnewWhileTheRowsOnlyMove) {
+  table_->setFrame(CGRectMake(0, 0, 320, 200));
+  table_->setShowsVerticalScrollIndicator(false);
+  layout();
+  table_->setContentOffset({0, 100});
+  layout();
+  static_cast<void>(window_->takeDamage());
+  table_->setContentOffset({0, 110});
+  layout();
+  const Damage damage = window_->takeDamage();
+  ASSERT_EQ(damage.moves.size(), 1U);
+  EXPECT_EQ(damage.moves[0].dy, -10);
+  const bool drawn = std::any_of(damage.rects.begin(), damage.rects.end(), [](const CGRect& rect) {
+    return rect.y() <= 0 && rect.maxY() >= 28 && rect.width() >= 320;
+  });
+  EXPECT_TRUE(drawn);
+  const bool everything = std::any_of(damage.rects.begin(), damage.rects.end(),
+                                      [](const CGRect& rect) { return rect.height() > 100; });
+  EXPECT_FALSE(everything);
 }
 
 TEST_F(UITableViewHeadersTest, HeadersLieOverTheRows) {
