@@ -1,6 +1,4 @@
-// Alerts: what they look like, how they are answered, and what answers them.
-
-#include "platform/uikit/controllers/UIAlertController.h"
+// Alerts: what they look like, and how they are answered.
 
 #include <memory>
 #include <string>
@@ -9,60 +7,15 @@
 #include <gtest/gtest.h>
 
 #include "platform/uikit/TreeDump.h"
-#include "platform/uikit/UIWindow.h"
-#include "platform/uikit/controls/UIControl.h"
-#include "platform/uikit/testing/TreeBuilder.h"
+#include "platform/uikit/controllers/testing/AlertFixture.h"
 #include "platform/uikit/text/UILabel.h"
-
-#include "hosts/fake/Device.h"
 
 namespace zephyl {
 namespace {
 
 using test::viewsOf;
 
-class AlertTest : public ::testing::Test {
- protected:
-  AlertTest() { window_->setRootViewController(root_); }
-
-  std::shared_ptr<UIAlertController> alert(
-      const std::string& title = "Error", const std::string& message = "It failed.",
-      UIAlertControllerStyle style = UIAlertControllerStyle::kAlert) {
-    return UIAlertController::alertControllerWithTitle(title, message, style);
-  }
-  UIAlertActionRef add(UIAlertController& alert, const std::string& title,
-                       UIAlertActionStyle style = UIAlertActionStyle::kDefault) {
-    auto action = UIAlertAction::actionWithTitle(title, style, [this](UIAlertAction& chosen) {
-      answers_.push_back(chosen.title());
-      presentedAtAnswer_ = root_->presentedViewController() != nullptr;
-    });
-    alert.addAction(action);
-    return action;
-  }
-  void show(const std::shared_ptr<UIAlertController>& alert) {
-    root_->presentViewController(alert, /*animated=*/false);
-    window_->layoutWindow();
-  }
-  void settle() { device_.uikit()->displayLink().runUntilIdle(); }
-  bool press(UIKey key) { return window_->sendKey({key, "", false, false}); }
-  UIControl& button(const std::string& title) {
-    for (UIView* const each : test::viewsNamed(*window_, "UIAlertControllerButton")) {
-      if (each->accessibilityLabel() == title) {
-        return dynamic_cast<UIControl&>(*each);
-      }
-    }
-    throw std::runtime_error("no button " + title);
-  }
-  CGRect frameInWindow(const UIView& view) {
-    return view.convertRectToView(view.bounds(), nullptr);
-  }
-
-  fake::Device device_;
-  std::shared_ptr<UIWindow> window_ = std::make_shared<UIWindow>(CGRectMake(0, 0, 390, 844));
-  std::shared_ptr<UIViewController> root_ = std::make_shared<UIViewController>();
-  std::vector<std::string> answers_;
-  bool presentedAtAnswer_ = true;
-};
+class AlertTest : public test::AlertFixture {};
 
 TEST_F(AlertTest, ABoxStandsInTheMiddleAboveADimmedScreen) {
   const auto box = alert();
@@ -196,76 +149,6 @@ TEST_F(AlertTest, ADisabledActionAnswersNothing) {
   EXPECT_FALSE(button("OK").isEnabled());
 }
 
-TEST_F(AlertTest, EscapeIsTheCancelAction) {
-  const auto box = alert();
-  add(*box, "Go");
-  add(*box, "Cancel", UIAlertActionStyle::kCancel);
-  show(box);
-  EXPECT_TRUE(press(UIKey::kEscape));
-  settle();
-  EXPECT_EQ(answers_, std::vector<std::string>{"Cancel"});
-}
-
-TEST_F(AlertTest, EscapeIsTheOnlyActionButNotOneOfSeveral) {
-  const auto single = alert();
-  add(*single, "OK");
-  show(single);
-  EXPECT_TRUE(press(UIKey::kEscape));
-  settle();
-  EXPECT_EQ(answers_, std::vector<std::string>{"OK"});
-  const auto several = alert();
-  add(*several, "1");
-  add(*several, "2");
-  show(several);
-  EXPECT_FALSE(press(UIKey::kEscape));
-  EXPECT_EQ(root_->presentedViewController(), several);
-}
-
-TEST_F(AlertTest, ReturnIsThePreferredActionElseTheLastDefaultOne) {
-  const auto box = alert();
-  const auto first = add(*box, "1");
-  add(*box, "2");
-  add(*box, "Cancel", UIAlertActionStyle::kCancel);
-  show(box);
-  EXPECT_TRUE(press(UIKey::kReturn));
-  settle();
-  box->setPreferredAction(first);
-  show(box);
-  EXPECT_TRUE(press(UIKey::kReturn));
-  settle();
-  EXPECT_EQ(answers_, (std::vector<std::string>{"2", "1"}));
-}
-
-TEST_F(AlertTest, KeysStayWithinTheBox) {
-  const auto box = alert();
-  add(*box, "1");
-  add(*box, "2");
-  show(box);
-  std::vector<std::string> focused;
-  for (const UIKey key : {UIKey::kTab, UIKey::kTab, UIKey::kTab, UIKey::kDown, UIKey::kUp}) {
-    press(key);
-    const auto* const view = dynamic_cast<UIView*>(window_->firstResponder());
-    ASSERT_NE(view, nullptr);
-    EXPECT_TRUE(view->isDescendantOfView(box->view().get()));
-  }
-  EXPECT_TRUE(press(UIKey::kSpace));
-  settle();
-  EXPECT_EQ(answers_.size(), 1U);
-}
-
-TEST_F(AlertTest, ABusyBoxCannotBeSentAway) {
-  const auto busy = alert("", "Deleting\n\n\n");
-  show(busy);
-  press(UIKey::kEscape);
-  press(UIKey::kReturn);
-  test::tap(*window_, {20, 700});
-  settle();
-  EXPECT_EQ(root_->presentedViewController(), busy);
-  busy->dismissViewControllerAnimated(/*animated=*/true);
-  settle();
-  EXPECT_EQ(root_->presentedViewController(), nullptr);
-}
-
 TEST_F(AlertTest, AScreenReaderComesByNothingElse) {
   root_->view()->addSubview(std::make_shared<UILabel>());
   const auto box = alert("Error", "It failed.\n\n\n");
@@ -316,48 +199,6 @@ TEST_F(AlertTest, ASecondCancelActionIsNotAdded) {
   add(*box, "Close", UIAlertActionStyle::kCancel);
   box->addAction(nullptr);
   EXPECT_EQ(box->actions().size(), 1U);
-}
-
-class ActionSheetTest : public AlertTest {
- protected:
-  std::shared_ptr<UIAlertController> sheet() {
-    auto box = alert("", "", UIAlertControllerStyle::kActionSheet);
-    add(*box, "Take Photo");
-    add(*box, "Choose Photo");
-    add(*box, "Cancel", UIAlertActionStyle::kCancel);
-    return box;
-  }
-};
-
-TEST_F(ActionSheetTest, ChoicesStandAtTheLowerEdgeTheCancelActionApart) {
-  show(sheet());
-  EXPECT_EQ(frameInWindow(button("Cancel")), CGRectMake(8, 844 - 34 - 57, 374, 57));
-  EXPECT_EQ(frameInWindow(button("Choose Photo")).maxY(), 844 - 34 - 57 - 8);
-  EXPECT_EQ(frameInWindow(button("Take Photo")).maxY(), frameInWindow(button("Choose Photo")).y());
-}
-
-TEST_F(ActionSheetTest, ATapBesideItIsTheCancelAction) {
-  show(sheet());
-  test::tap(*window_, {195, 100});
-  settle();
-  EXPECT_EQ(answers_, std::vector<std::string>{"Cancel"});
-}
-
-TEST_F(ActionSheetTest, ItSlidesUpFromBelow) {
-  const auto box = sheet();
-  root_->presentViewController(box, /*animated=*/true);
-  EXPECT_GT(box->view()->layer()->presentation().transform.ty, 100);
-  EXPECT_EQ(box->view()->alpha(), 1);
-  settle();
-  EXPECT_EQ(box->view()->transform(), CGAffineTransformIdentity);
-}
-
-TEST_F(ActionSheetTest, OnAWideScreenItStaysNarrow) {
-  device_.uikit()->screen().setBounds(CGRectMake(0, 0, 1024, 768));
-  window_->setFrame(CGRectMake(0, 0, 1024, 768));
-  show(sheet());
-  EXPECT_EQ(frameInWindow(button("Cancel")).width(), 414);
-  EXPECT_NEAR(frameInWindow(button("Cancel")).midX(), 512, 0.5);
 }
 
 }  // namespace
