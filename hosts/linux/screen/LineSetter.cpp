@@ -123,7 +123,8 @@ class LineSetter {
   bool setWindow() {
     TextWindow window = readWindow(text_, at_, window_);
     if (atParagraph_) {
-      rightToLeft_ = isRightToLeft(window.text.text).value_or(screenRightToLeft_);
+      // A number reads from left to right on every screen.
+      rightToLeft_ = isRightToLeft(window.text.text).value_or(false);
     }
     TextBlock block{window.text, rightToLeft_, wrapOf(style_.lineBreakMode), width_, {}};
     QTextLayout layout(block.text.text);

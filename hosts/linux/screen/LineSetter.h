@@ -51,7 +51,7 @@ struct LinesSet {
   NSAttributedString shown;
 };
 
-// `screenRightToLeft` decides for texts without a letter, and which side is the natural one.
+// `screenRightToLeft` decides which side is the natural one.
 [[nodiscard]] LinesSet setLines(const NSAttributedString& text, const TextStyle& style,
                                 bool screenRightToLeft);
 

@@ -180,6 +180,12 @@ TEST_F(MirroredTextTest, TheNaturalSideIsTheRight) {
   EXPECT_NEAR(left(line), 300 - line->size().width, 0.1);
 }
 
+TEST_F(MirroredTextTest, ANumberStillReadsFromTheLeft) {
+  const TextLayoutRef line = layout("+1 (555) 555-0100", oneLine(NSLineBreakMode::kWordWrapping));
+  EXPECT_FALSE(dynamic_cast<const QtTextLayout&>(*line).blocks().front().rightToLeft);
+  EXPECT_NEAR(left(line), 300 - line->size().width, 0.1);
+}
+
 TEST_F(QtTextSystemTest, EndsOfRightToLeftTextsAreShortenedOnTheLeft) {
   const std::string words = repeated("שלום ", 30);
   const TextLayoutRef line = layout(words, oneLine(NSLineBreakMode::kTruncatingTail, 100));
