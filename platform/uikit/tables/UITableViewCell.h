@@ -114,7 +114,7 @@ class ZP_EXPORT UITableViewCell : public UIView {
   void restoreBackgrounds();
   void keepParts();
   void layoutParts(const Layout& layout);
-  void layoutTexts();
+  void layoutTexts(const Layout& layout);
   void layoutSubtitle(const CGRect& area);
   void layoutValueTexts(const CGRect& area);
   void layoutSeparators();

@@ -119,7 +119,7 @@ void UITableViewCell::layoutSubviews() {
   keepParts();
   layoutParts(layout);
   layoutEditing(layout);
-  layoutTexts();
+  layoutTexts(layout);
   layoutSeparators();
   nameAccessory();
 }
@@ -179,7 +179,7 @@ void UITableViewCell::layoutEditing(const Layout& layout) {
       mirrored(CGRectMake(x, 0, TableEditControl::kSide + 12, layout.height), layout.width));
 }
 
-void UITableViewCell::layoutTexts() {
+void UITableViewCell::layoutTexts(const Layout& layout) {
   const CGFloat width = contentView_->bounds().width();
   const CGFloat height = contentView_->bounds().height();
   const CGFloat margin = marginOfRows(bounds().width());
@@ -196,7 +196,7 @@ void UITableViewCell::layoutTexts() {
     start += shown.width + kImageGap;
   }
   // Beside an accessory the content view has ended at its gap already.
-  const bool fills = contentView_->bounds().width() >= bounds().width();
+  const bool fills = layout.contentEnd >= layout.width;
   const CGFloat end = width - (fills ? margin : 0);
   const CGRect area = CGRectMake(start, 0, std::max(0.0, end - start), height);
   switch (style_) {

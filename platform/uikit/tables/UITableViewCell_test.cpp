@@ -212,6 +212,17 @@ TEST_F(UITableViewCellTest, EditingMovesTheContentAsideForAControl) {
   EXPECT_EQ(cell->contentView()->frame().x(), 0);
 }
 
+TEST_F(UITableViewCellTest, AValueKeepsItsMarginWhileTheContentIsAside) {
+  const auto cell = show(UITableViewCellStyle::kValue1, "Work", "On");
+  TableCellSurroundings around;
+  around.canEdit = true;
+  around.editingStyle = UITableViewCellEditingStyle::kDelete;
+  cell->setSurroundings(around);
+  cell->setEditing(true, false);
+  window_->layoutWindow();
+  EXPECT_EQ(cell->contentView()->frame().x() + cell->detailTextLabel()->frame().maxX(), 304);
+}
+
 TEST_F(UITableViewCellTest, AScreenReaderHearsTheTextsAndTheState) {
   const auto cell = show(UITableViewCellStyle::kSubtitle, "Work", "Colleagues");
   TableCellSurroundings around;
