@@ -1,5 +1,6 @@
 #include "ui/groups/ZephylsManageTableViewCell.h"
 
+#include "platform/uikit/UIScreen.h"
 #include "platform/uikit/text/UIImageView.h"
 #include "platform/uikit/text/UILabel.h"
 
@@ -16,6 +17,8 @@ constexpr CGFloat kLockSide = 24;
 constexpr CGFloat kLockX = 7;
 constexpr CGFloat kTitleX = kLockX + kLockSide + 5;
 constexpr CGFloat kLineHeight = 20;
+// From version 13 on: from the end of the row to where the check begins.
+constexpr CGFloat kCheckFromEnd = 30;
 constexpr CGFloat kSubtitleSize = 13;
 constexpr CGFloat kDimmed = 0.439216;
 constexpr char kCheckMark[] = "\xE2\x9C\x93";
@@ -79,8 +82,27 @@ void ZephylsManageTableViewCell::layoutSubviews() {
   if (const auto check = contentView()->viewWithTag(kCheckTag);
       check != nullptr && ZPUtils::isIOS13()) {
     CGRect frame = check->frame();
-    frame.origin.x = bounds().width() - 30;
+    frame.origin.x = bounds().width() - kCheckFromEnd;
     check->setFrame(frame);
+  }
+  if (UIScreen::mainScreen().isRightToLeft()) {
+    mirrorSubviews();
+  }
+}
+
+void ZephylsManageTableViewCell::mirrorSubviews() {
+  const auto placeFromRight = [this](std::int64_t tag, CGFloat distance) {
+    if (const auto view = contentView()->viewWithTag(tag)) {
+      CGRect frame = view->frame();
+      frame.origin.x = contentView()->bounds().width() - distance - frame.width();
+      view->setFrame(frame);
+    }
+  };
+  placeFromRight(kLockTag, kLockX);
+  placeFromRight(kTitleTag, kTitleX);
+  placeFromRight(kSubtitleTag, kTitleX);
+  if (ZPUtils::isIOS13()) {
+    placeFromRight(kCheckTag, bounds().width() - kCheckFromEnd);
   }
 }
 

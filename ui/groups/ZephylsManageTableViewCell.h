@@ -39,6 +39,8 @@ class ZP_EXPORT ZephylsManageTableViewCell : public UITableViewCell {
   [[nodiscard]] const std::shared_ptr<Zephyl>& zephyl() const { return zephyl_; }
   void setZephyl(const std::shared_ptr<Zephyl>& group);
 
+  // Everything is placed from the left where the cell is made. Where the language runs the other
+  // way, it is mirrored here.
   void layoutSubviews() override;
   // Both clear the backgrounds in a cell: the marker gets its colour back.
   void setHighlighted(bool highlighted, bool animated) override;
@@ -56,6 +58,7 @@ class ZP_EXPORT ZephylsManageTableViewCell : public UITableViewCell {
 
  private:
   void makeSubviews();
+  void mirrorSubviews();
   void fillMarker();
   void fillLock();
   void fillCheck();

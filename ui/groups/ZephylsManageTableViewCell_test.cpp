@@ -76,6 +76,18 @@ TEST_F(ZephylsManageTableViewCellTest, TheCheckMarkStaysWhereItWasBeforeVersion1
   EXPECT_EQ(label(Cell::kCheckTag)->frame(), CGRectMake(320, 0, 16, 39));
 }
 
+TEST_F(ZephylsManageTableViewCellTest, WhereTheLanguageRunsTheOtherWayTheRowIsMirrored) {
+  device_.uikit()->screen().setUserInterfaceLayoutDirection(
+      UIUserInterfaceLayoutDirection::kRightToLeft);
+  show(cell_, 390, 60);
+  cell_->setNeedsLayout();
+  window_->layoutWindow();
+  EXPECT_EQ(cell_->viewWithTag(Cell::kLockTag)->frame(), CGRectMake(390 - 7 - 24, 10, 24, 24));
+  EXPECT_EQ(label(Cell::kTitleTag)->frame(), CGRectMake(390 - 36 - 284, 2, 284, 20));
+  EXPECT_EQ(label(Cell::kSubtitleTag)->frame(), CGRectMake(390 - 36 - 284, 22, 284, 20));
+  EXPECT_EQ(label(Cell::kCheckTag)->frame(), CGRectMake(30 - 16, 0, 16, 39));
+}
+
 TEST_F(ZephylsManageTableViewCellTest, OnlyProtectedUserGroupsShowTheLock) {
   fill(group(GroupBuilder(1, "Work").with(keys::kPasswordProtected, true)));
   EXPECT_EQ(nameOf(lock()), "locked");
@@ -258,7 +270,7 @@ TEST_F(ZephylsManageTableViewCellTest, AnEndlessTitleInvalidTextAndTheOtherDirec
   show(cell_, 390, 60);
   fill(group(GroupBuilder(1, std::string(100000, 'W')).with(keys::kSubTitle, "\xFF\xFE")));
   EXPECT_EQ(text(Cell::kTitleTag).size(), 100000U);
-  EXPECT_EQ(label(Cell::kTitleTag)->frame(), CGRectMake(36, 2, 284, 20));
+  EXPECT_EQ(label(Cell::kTitleTag)->frame(), CGRectMake(390 - 36 - 284, 2, 284, 20));
 }
 
 }  // namespace
