@@ -101,9 +101,13 @@ fs::path userFolder(const char* variable, const char* belowHome) {
   return home != nullptr && *home == '/' ? fs::path(home) / belowHome / "zephyls" : fs::path();
 }
 
+fs::path overlayFolder() {
+  return shareFolder() / "overlay";
+}
+
 Places placesFor(const SourceOptions& options, SampleUse sampleUse) {
   Places places;
-  places.overlay = shareFolder() / "overlay";
+  places.overlay = overlayFolder();
   places.device = options.device ? fs::absolute(*options.device) : dataFolder() / "device";
   places.contacts = options.contacts;
   if (options.messages) {

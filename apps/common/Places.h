@@ -36,6 +36,9 @@ struct Places {
 // neither is set. A relative path does not count.
 [[nodiscard]] std::filesystem::path userFolder(const char* variable, const char* belowHome);
 
+// The program's own texts and pictures, laid out as on the phone. Throws CommandError.
+[[nodiscard]] std::filesystem::path overlayFolder();
+
 // What the options name. Without --messages: the databases of a phone that lie in the device root;
 // without those either, the sample, whose device root is put into the user's data directory the
 // first time. Where that is not wanted, there are no messages then. Throws CommandError.

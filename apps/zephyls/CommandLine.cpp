@@ -92,6 +92,7 @@ ParsedCommandLine parseCommandLine(int argc, char** argv) {
   addDeviceOptions(program, parsed.options);
   CommandTable table(program, parsed.command);
   addCommands(program, table, parsed.options);
+  addRenderCommand(program, parsed.options.render, parsed.screenCommand);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

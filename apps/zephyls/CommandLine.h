@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "apps/zephyls/Options.h"
+#include "apps/zephyls/render/RenderCommand.h"
 
 namespace zephyl::app {
 
@@ -18,6 +19,8 @@ using Command = std::function<int(Session&, Output&)>;
 struct ParsedCommandLine {
   Options options;
   Command command;
+  // In the place of the command, when it is set.
+  ScreenCommand screenCommand;
   // Set when there is nothing to run: help was shown, or the words were wrong.
   std::optional<int> exitStatus;
 };

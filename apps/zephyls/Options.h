@@ -23,6 +23,16 @@ struct GroupWishes {
   std::optional<bool> enabled;
 };
 
+// What `render` is to make.
+struct RenderWishes {
+  std::string component;  // or "all"; empty: a list of them
+  std::string file;       // or, for several, a folder
+  double scale = 2;
+  bool dark = false;
+  bool rightToLeft = false;
+  bool tree = false;
+};
+
 struct Options {
   SourceOptions sources;
   std::string iosVersion = "14.0";
@@ -38,6 +48,7 @@ struct Options {
   std::string value;
   std::vector<std::string> groups;  // titles or identifiers, to be changed or exported
   GroupWishes wishes;
+  RenderWishes render;
   std::vector<std::string> people;  // who becomes a member, or is one no longer
   std::string copy;                 // a safety copy's name, or "last"
   std::string file;                 // to export to or import from; "-" for the standard streams

@@ -1,8 +1,10 @@
 // zephyls: the conversations of a Messages database by group, on the command line.
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <exception>
 #include <iostream>
+#include <memory>
 
 #include "apps/common/CommandError.h"
 #include "apps/zephyls/CommandLine.h"
@@ -13,8 +15,21 @@ namespace zephyl::app {
 
 namespace {
 
+// A command that draws needs Qt's screen, of which nobody sees anything.
+std::unique_ptr<QCoreApplication> makeApplication(const ParsedCommandLine& commandLine, int& argc,
+                                                  char** argv) {
+  if (commandLine.screenCommand == nullptr) {
+    return std::make_unique<QCoreApplication>(argc, argv);
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  return std::make_unique<QApplication>(argc, argv);
+}
+
 int run(const ParsedCommandLine& commandLine, Output& output) {
   try {
+    if (commandLine.screenCommand != nullptr) {
+      return commandLine.screenCommand(commandLine.options, output);
+    }
     Session session(commandLine.options, output);
     return commandLine.command(session, output);
   } catch (const CommandError& error) {
@@ -36,7 +51,7 @@ int runCommandLine(int argc, char** argv) {
   if (commandLine.exitStatus) {
     return *commandLine.exitStatus;
   }
-  const QCoreApplication application(argc, argv);
+  const auto application = makeApplication(commandLine, argc, argv);
   Output output(std::cout, std::cerr, commandLine.options.json);
   const int status = run(commandLine, output);
   if (!output.finish()) {

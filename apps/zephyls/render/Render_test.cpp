@@ -1,0 +1,154 @@
+// `zephyls render` as a user runs it.
+
+#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "apps/zephyls/ProgramTest.h"
+#include "apps/zephyls/render/Specimens.h"
+
+namespace zephyl::app::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class RenderTest : public ProgramTest {
+ protected:
+  struct Size {
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+  };
+
+  // Of a PNG file; zero for another.
+  [[nodiscard]] Size sizeOf(const std::filesystem::path& file) const {
+    const std::string bytes = read(file);
+    if (bytes.size() < 24 || bytes.compare(1, 3, "PNG") != 0) {
+      return {};
+    }
+    const auto number = [&bytes](std::size_t at) {
+      std::uint32_t value = 0;
+      for (std::size_t index = at; index < at + 4; ++index) {
+        value = value << 8U | static_cast<unsigned char>(bytes[index]);
+      }
+      return value;
+    };
+    return {number(16), number(20)};
+  }
+  [[nodiscard]] std::string path(const char* name) const { return (folder_ / name).string(); }
+};
+
+TEST_F(RenderTest, WithoutAComponentAllAreListed) {
+  const auto result = run({"render", "--json"});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  Texts names;
+  for (const auto& object : result.objects()) {
+    names.push_back(object["name"]);
+    EXPECT_NE(object["help"], "");
+  }
+  Texts expected;
+  for (const auto& specimen : render::allSpecimens()) {
+    expected.emplace_back(specimen.name);
+  }
+  EXPECT_EQ(names, expected);
+  EXPECT_NE(run({"render"}).out.find("row-cell "), std::string::npos);
+}
+
+TEST_F(RenderTest, AnUnknownComponentIsWrongUsageAndTheKnownOnesAreTold) {
+  const auto result = run({"render", "dragon", "-o", path("dragon.png")});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_NE(result.errors.find("there is no component \"dragon\""), std::string::npos);
+  EXPECT_NE(result.errors.find(" tile-cell"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "dragon.png"));
+}
+
+TEST_F(RenderTest, APictureIsAsManyPixelsAsTheScaleSays) {
+  for (const auto& [scale, width] : {std::pair{"1", 390U}, {"1.5", 585U}, {"2", 780U}}) {
+    ASSERT_EQ(run({"render", "switches", "--scale", scale, "-o", path("a.png")}).status, 0);
+    EXPECT_EQ(sizeOf(folder_ / "a.png").width, width) << scale;
+  }
+  EXPECT_EQ(run({"render", "switches", "-o", path("b.png")}).status, 0);
+  EXPECT_EQ(read(folder_ / "a.png"), read(folder_ / "b.png"));
+}
+
+TEST_F(RenderTest, AppearanceDirectionAndReleaseChangeThePicture) {
+  const auto picture = [this](const Texts& words) {
+    Texts all = {"render", "row-cell-managing", "--scale", "1", "-o", path("a.png")};
+    all.insert(all.end(), words.begin(), words.end());
+    EXPECT_EQ(run(all).status, 0);
+    return read(folder_ / "a.png");
+  };
+  const std::string plain = picture({});
+  EXPECT_EQ(picture({}), plain);
+  EXPECT_NE(picture({"--dark"}), plain);
+  EXPECT_NE(picture({"--rtl"}), plain);
+  EXPECT_NE(run({"render", "tile-cell", "--tree", "--ios", "12.4"}).out,
+            run({"render", "tile-cell", "--tree"}).out);
+}
+
+TEST_F(RenderTest, TheTreeIsTextOnTheStandardOutputOrInAFile) {
+  const auto result = run({"render", "badge", "--tree"});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(result.out.rfind("UIWindow", 0), 0U);
+  EXPECT_NE(result.out.find("UIZPBadgeView #9876"), std::string::npos);
+  EXPECT_EQ(run({"render", "badge", "--tree", "-o", path("tree.txt")}).out, "");
+  EXPECT_EQ(read(folder_ / "tree.txt"), result.out);
+}
+
+TEST_F(RenderTest, AllGoIntoAFolderThatIsMade) {
+  ASSERT_EQ(run({"render", "all", "--scale", "0.5", "-o", path("new/pictures")}).status, 0);
+  Texts names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder_ / "new/pictures")) {
+    names.push_back(entry.path().filename().string());
+    EXPECT_EQ(sizeOf(entry.path()).width, 195U) << names.back();
+  }
+  std::sort(names.begin(), names.end());
+  Texts expected;
+  for (const auto& specimen : render::allSpecimens()) {
+    expected.push_back(std::string(specimen.name).append(".png"));
+  }
+  std::sort(expected.begin(), expected.end());
+  EXPECT_EQ(names, expected);
+}
+
+TEST_F(RenderTest, AFileOfThatNameIsReplacedAndOthersInTheFolderStay) {
+  write(folder_ / "pictures/switches.png", "old");
+  write(folder_ / "pictures/mine.txt", "mine");
+  ASSERT_EQ(run({"render", "switches", "-o", path("pictures")}).status, 0);
+  EXPECT_EQ(sizeOf(folder_ / "pictures/switches.png").width, 780U);
+  EXPECT_EQ(read(folder_ / "pictures/mine.txt"), "mine");
+}
+
+TEST_F(RenderTest, WithoutAPlaceToWriteToNothingIsDrawn) {
+  EXPECT_EQ(run({"render", "badge"}).status, 2);
+  EXPECT_EQ(run({"render", "all"}).status, 2);
+  write(folder_ / "file", "mine");
+  const auto result = run({"render", "all", "-o", path("file")});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.errors.find(path("file")), std::string::npos);
+  EXPECT_EQ(read(folder_ / "file"), "mine");
+  EXPECT_EQ(run({"render", "badge", "-o", path("missing/a.png")}).status, 1);
+}
+
+TEST_F(RenderTest, AScaleThatMakesNoPictureIsWrongUsage) {
+  for (const char* scale : {"0", "-1", "100", "nan", "two"}) {
+    EXPECT_EQ(run({"render", "badge", "--scale", scale, "-o", path("a.png")}).status, 2) << scale;
+  }
+}
+
+TEST_F(RenderTest, NothingOfTheUsersIsReadOrWritten) {
+  writeOwnSources();
+  const auto sources = listing(folder_ / "source");
+  // The folders for temporary files and the user's own are the same here.
+  environment_["TMPDIR"] = folder_.string();
+  environment_["XDG_RUNTIME_DIR"] = folder_.string();
+  ASSERT_EQ(run({"render", "row-cell", "--tree"}).status, 0);
+  EXPECT_EQ(listing(folder_ / "source"), sources);
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    EXPECT_FALSE(entry.is_directory() && entry.path().filename() != "source") << entry.path();
+  }
+}
+
+}  // namespace
+}  // namespace zephyl::app::test
