@@ -116,14 +116,18 @@ bool HRBrightnessSlider::pressesBegan(const UIKeyPress& press) {
     switch (press.key) {
       case UIKey::kLeft:
       case UIKey::kUp:
-        return accessibilityIncrement(), true;
+        accessibilityIncrement();
+        return true;
       case UIKey::kRight:
       case UIKey::kDown:
-        return accessibilityDecrement(), true;
+        accessibilityDecrement();
+        return true;
       case UIKey::kHome:
-        return choose(1), true;
+        choose(1);
+        return true;
       case UIKey::kEnd:
-        return choose(limit_), true;
+        choose(limit_);
+        return true;
       default:
         break;
     }

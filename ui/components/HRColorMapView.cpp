@@ -140,13 +140,17 @@ bool HRColorMapView::pressesBegan(const UIKeyPress& press) {
   if (isEnabled()) {
     switch (press.key) {
       case UIKey::kLeft:
-        return pickNeighbour(-1, 0), true;
+        pickNeighbour(-1, 0);
+        return true;
       case UIKey::kRight:
-        return pickNeighbour(1, 0), true;
+        pickNeighbour(1, 0);
+        return true;
       case UIKey::kUp:
-        return pickNeighbour(0, -1), true;
+        pickNeighbour(0, -1);
+        return true;
       case UIKey::kDown:
-        return pickNeighbour(0, 1), true;
+        pickNeighbour(0, 1);
+        return true;
       default:
         break;
     }

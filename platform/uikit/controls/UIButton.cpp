@@ -70,13 +70,13 @@ std::optional<T> UIButton::find(std::optional<T> Content::*member, unsigned stat
     const auto found = contents_.find(each);
     return found == contents_.end() ? std::nullopt : found->second.*member;
   };
-  if (const auto whole = own(state)) {
+  if (auto whole = own(state)) {
     return whole;
   }
   for (const unsigned part :
        {kControlStateDisabled, kControlStateHighlighted, kControlStateSelected}) {
     if ((state & part) != 0) {
-      if (const auto partly = own(part)) {
+      if (auto partly = own(part)) {
         return partly;
       }
     }
