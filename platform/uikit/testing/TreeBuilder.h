@@ -57,12 +57,12 @@ template <class View>
   std::vector<View*> found;
   std::vector<UIView*> stack{&root};
   while (!stack.empty()) {
-    UIView* const view = stack.back();
+    UIView& view = *stack.back();
     stack.pop_back();
-    if (auto* const one = dynamic_cast<View*>(view)) {
+    if (auto* const one = dynamic_cast<View*>(&view)) {
       found.push_back(one);
     }
-    const auto& subviews = view->subviews();
+    const auto& subviews = view.subviews();
     for (auto subview = subviews.rbegin(); subview != subviews.rend(); ++subview) {
       stack.push_back(subview->get());
     }
