@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <string_view>
+
 #include "platform/Export.h"
 #include "platform/uikit/CGContext.h"
 #include "platform/uikit/CGGeometry.h"

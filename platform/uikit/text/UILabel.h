@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/uikit/NSAttributedString.h"
 #include "platform/uikit/TextLayout.h"

@@ -200,7 +200,7 @@ bool UITextField::pressesBegan(const UIKeyPress& press) {
     return UIControl::pressesBegan(press);
   }
   if (uikitHost().textInput().drawsText()) {
-    return UIView::pressesBegan(press);
+    return UIControl::pressesBegan(press);
   }
   if (press.key == UIKey::kReturn) {
     textInputDidReturn();
@@ -217,7 +217,7 @@ bool UITextField::pressesBegan(const UIKeyPress& press) {
     textInputDidChange(text_ + press.characters);
     return true;
   }
-  return movesInLine(press.key) || UIView::pressesBegan(press);
+  return movesInLine(press.key) || UIControl::pressesBegan(press);
 }
 
 void UITextField::textInputDidChange(const std::string& text) {

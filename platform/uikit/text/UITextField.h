@@ -7,6 +7,8 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "platform/uikit/TextInput.h"
 #include "platform/uikit/controls/UIControl.h"
