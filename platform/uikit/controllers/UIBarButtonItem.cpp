@@ -7,20 +7,20 @@ namespace zephyl {
 
 namespace {
 
-const char* systemText(UIBarButtonSystemItem item) {
+std::string systemText(UIBarButtonSystemItem item) {
   switch (item) {
     case UIBarButtonSystemItem::kDone:
-      return "Done";
+      return uikitText("Done");
     case UIBarButtonSystemItem::kCancel:
-      return "Cancel";
+      return uikitText("Cancel");
     case UIBarButtonSystemItem::kEdit:
-      return "Edit";
+      return uikitText("Edit");
     case UIBarButtonSystemItem::kSave:
-      return "Save";
+      return uikitText("Save");
     case UIBarButtonSystemItem::kAdd:
-      return "Add";
+      return uikitText("Add");
   }
-  return "";
+  return {};
 }
 
 }  // namespace
@@ -29,9 +29,9 @@ UIBarButtonItem::UIBarButtonItem(UIBarButtonSystemItem systemItem, std::weak_ptr
                                  Action action)
     : systemItem_(systemItem), target_(std::move(target)), action_(std::move(action)) {
   if (systemItem == UIBarButtonSystemItem::kAdd) {
-    accessibilityLabel_ = uikitText(systemText(systemItem));
+    accessibilityLabel_ = systemText(systemItem);
   } else {
-    title_ = uikitText(systemText(systemItem));
+    title_ = systemText(systemItem);
   }
   if (systemItem == UIBarButtonSystemItem::kDone || systemItem == UIBarButtonSystemItem::kSave) {
     style_ = UIBarButtonItemStyle::kDone;
