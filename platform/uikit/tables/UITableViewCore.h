@@ -118,7 +118,7 @@ struct UITableView::Core {
   // Editing (UITableViewEditing.cpp, UITableViewSwipe.cpp).
   [[nodiscard]] Editing editingOf(const NSIndexPath& path);
   void editControlTapped(const UITableViewCell& cell);
-  void commit(const UITableViewCell& cell, UITableViewCellEditingStyle style);
+  void commit(const UITableViewCell& cell, UITableViewCellEditingStyle how);
   void addSwipeRecognizer();
   [[nodiscard]] bool canSwipe(const NSIndexPath& path);
   void swiped();
