@@ -19,10 +19,14 @@ UIWindow::UIWindow(const CGRect& frame)
 }
 
 UIWindow::~UIWindow() {
+  // Whoever shows it may be gone already.
+  damageHandler_ = nullptr;
   layer()->setSurface(nullptr);
   while (!subviews().empty()) {
     subviews().back()->removeFromSuperview();
   }
+  // What is left to be destroyed is a view in no window.
+  window_ = nullptr;
 }
 
 void UIWindow::sendTouch(const UITouch& touch) {
