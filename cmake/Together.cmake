@@ -8,6 +8,8 @@ endif()
 function(zephyls_targets_below folder out)
   get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
   get_property(folders DIRECTORY ${folder} PROPERTY SUBDIRECTORIES)
+  # The commands of the programs call their own helpers alike, and like names of their folder.
+  list(FILTER folders EXCLUDE REGEX "/apps$")
   foreach(below IN LISTS folders)
     zephyls_targets_below(${below} found)
     list(APPEND targets ${found})
