@@ -135,6 +135,9 @@ std::optional<SourceFunction> SourceOutline::functionAt(std::size_t brace) const
     return std::nullopt;
   }
   const std::size_t open = matches_[*parameters];
+  if (open == 0) {
+    return std::nullopt;
+  }
   SourceFunction function;
   function.bodyBegin = brace;
   function.bodyEnd = matches_[brace];
