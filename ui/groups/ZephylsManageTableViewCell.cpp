@@ -24,7 +24,7 @@ constexpr CGFloat kDimmed = 0.439216;
 constexpr char kCheckMark[] = "\xE2\x9C\x93";
 
 std::shared_ptr<UILabel> makeLabel(std::int64_t tag, const CGRect& frame) {
-  const auto label = std::make_shared<UILabel>(frame);
+  auto label = std::make_shared<UILabel>(frame);
   label->setTag(tag);
   return label;
 }

@@ -26,7 +26,7 @@ class ZephylsManageTableViewCellTest : public test::GroupCellTest {
     return std::dynamic_pointer_cast<UIImageView>(cell_->viewWithTag(Cell::kLockTag))->image();
   }
   std::shared_ptr<UIView> addMarker() {
-    const auto marker = std::make_shared<UIView>(CGRectMake(0, 0, 5, 44));
+    auto marker = std::make_shared<UIView>(CGRectMake(0, 0, 5, 44));
     marker->setTag(Cell::kMarkerTag);
     cell_->contentView()->addSubview(marker);
     return marker;

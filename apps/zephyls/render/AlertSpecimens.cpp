@@ -23,7 +23,7 @@ constexpr CGSize kSize{Stage::kWidth, 420};
 
 // A screen in a navigation controller, with something to be dimmed.
 Screen stageScreen(Stage& stage) {
-  const auto screen = std::make_shared<UIViewController>();
+  auto screen = std::make_shared<UIViewController>();
   screen->setTitle("Groups");
   screen->view()->setBackgroundColor(UIColor::systemBackgroundColor());
   const auto label = std::make_shared<UILabel>(CGRectMake(16, 60, Stage::kWidth - 32, 22));

@@ -39,7 +39,7 @@ UIImageRef landscape() {
 
 std::shared_ptr<Row> addRow(Stage& stage, const std::string& caption, const SampleGroup& group,
                             std::int64_t mode = 0, CGFloat height = 44) {
-  const auto cell = std::make_shared<Row>(UITableViewCellStyle::kDefault, "defaultCell");
+  auto cell = std::make_shared<Row>(UITableViewCellStyle::kDefault, "defaultCell");
   cell->setZephylsMode(mode);
   stage.add(caption, cell, {Stage::kWidth, height});
   stage.breakLine();
@@ -48,7 +48,7 @@ std::shared_ptr<Row> addRow(Stage& stage, const std::string& caption, const Samp
 }
 
 std::shared_ptr<Tile> addTile(Stage& stage, const std::string& caption, const SampleGroup& group) {
-  const auto cell = std::make_shared<Tile>(UITableViewCellStyle::kValue1, "defaultCell");
+  auto cell = std::make_shared<Tile>(UITableViewCellStyle::kValue1, "defaultCell");
   stage.add(caption, cell, {109, 104});
   cell->setZephyl(group.make());
   return cell;
