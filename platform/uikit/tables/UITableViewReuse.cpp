@@ -156,7 +156,7 @@ void UITableView::registerHeaderFooterClass(HeaderFooterMaker maker,
 UITableView::Cell UITableView::dequeueReusableCellWithIdentifier(const std::string& identifier) {
   auto& spare = core_->spareCells[identifier];
   if (!spare.empty()) {
-    const Cell cell = spare.back();
+    Cell cell = spare.back();
     spare.pop_back();
     cell->prepareForReuse();
     return cell;
@@ -169,7 +169,7 @@ std::shared_ptr<UITableViewHeaderFooterView>
 UITableView::dequeueReusableHeaderFooterViewWithIdentifier(const std::string& identifier) {
   auto& spare = core_->spareBanners[identifier];
   if (!spare.empty()) {
-    const auto view = spare.back();
+    auto view = spare.back();
     spare.pop_back();
     view->prepareForReuse();
     return view;
