@@ -26,7 +26,7 @@ void outline(UIView& view) {
 std::shared_ptr<ZPFloatingLabeledTextField> addFloating(Stage& stage, const std::string& caption,
                                                         const std::string& text,
                                                         NSTextAlignment alignment) {
-  const auto field = std::make_shared<ZPFloatingLabeledTextField>();
+  auto field = std::make_shared<ZPFloatingLabeledTextField>();
   field->setTextAlignment(alignment);
   stage.add(caption, field, {kWide, 44});
   field->setPlaceholder("Group title");
@@ -37,7 +37,7 @@ std::shared_ptr<ZPFloatingLabeledTextField> addFloating(Stage& stage, const std:
 
 std::shared_ptr<UITextField> addField(Stage& stage, const std::string& caption,
                                       const std::string& text) {
-  const auto field = std::make_shared<UITextField>();
+  auto field = std::make_shared<UITextField>();
   field->setPlaceholder("Title");
   field->setText(text);
   field->setBorderStyle(UITextBorderStyle::kRoundedRect);
@@ -79,7 +79,7 @@ void stageTextField(Stage& stage) {
 
 void stageSearchBar(Stage& stage) {
   const auto add = [&stage](const std::string& caption, const std::string& text, bool cancel) {
-    const auto bar = std::make_shared<UISearchBar>();
+    auto bar = std::make_shared<UISearchBar>();
     bar->setText(text);
     bar->setShowsCancelButton(cancel);
     stage.add(caption, bar, {Stage::kWidth, bar->sizeThatFits({Stage::kWidth, 0}).height});

@@ -127,7 +127,7 @@ std::vector<SampleSection> settings() {
 
 std::shared_ptr<SampleTable> show(Stage& stage, UITableViewStyle style,
                                   std::vector<SampleSection> sections) {
-  const auto table = std::make_shared<SampleTable>(style, std::move(sections));
+  auto table = std::make_shared<SampleTable>(style, std::move(sections));
   table->setTitle("Table");
   stage.show(UINavigationController::initWithRootViewController(table));
   return table;

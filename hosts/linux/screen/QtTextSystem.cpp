@@ -35,7 +35,7 @@ void add(std::string& key, const UIColor& color) {
 }
 
 // An area that is no area is a large or an empty one.
-TextStyle sane(TextStyle style) {
+TextStyle saneStyle(TextStyle style) {
   constexpr CGFloat kUnlimited = 1e6;
   const auto side = [](CGFloat length) {
     return std::isnan(length) || length > kUnlimited ? kUnlimited : std::max(length, 0.0);
@@ -69,24 +69,24 @@ QtTextSystem::Key QtTextSystem::keyOf(const NSAttributedString& text, const Text
   return key;
 }
 
-TextLayoutRef QtTextSystem::layout(const NSAttributedString& text, const TextStyle& asked) {
+TextLayoutRef QtTextSystem::layout(const NSAttributedString& text, const TextStyle& style) {
   // Beside the glyphs, which are some times as large as the text.
   constexpr std::size_t kBytesALayout = 2000;
   constexpr std::size_t kBytesACharacter = 60;
-  const TextStyle style = sane(asked);
+  const TextStyle sane = saneStyle(style);
   const bool rightToLeft =
       screen_.userInterfaceLayoutDirection() == UIUserInterfaceLayoutDirection::kRightToLeft;
   const std::size_t length = text.string().size();
   Key key;
   if (length <= kLongestKept) {
-    key = keyOf(text, style, rightToLeft);
+    key = keyOf(text, sane, rightToLeft);
     const std::lock_guard lock(mutex_);
     if (const TextLayoutRef* const known = known_.find(key)) {
       return *known;
     }
     ++misses_;
   }
-  auto layout = std::make_shared<const QtTextLayout>(setLines(text, style, rightToLeft), style);
+  auto layout = std::make_shared<const QtTextLayout>(setLines(text, sane, rightToLeft), sane);
   if (length <= kLongestKept) {
     const std::lock_guard lock(mutex_);
     known_.put(key, layout, kBytesALayout + length * kBytesACharacter);

@@ -133,7 +133,7 @@ QImage ShadowPictures::picture(const ShadowShape& shape) {
     }
     ++misses_;
   }
-  const QImage image = blurred(shape);
+  QImage image = blurred(shape);
   const std::lock_guard lock(mutex_);
   pictures_.put(key, image, static_cast<std::size_t>(image.sizeInBytes()));
   return image;

@@ -4,6 +4,7 @@
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <utility>
 
@@ -89,14 +90,14 @@ void WindowPicture::move(const Damage::Move& move, Update& update) {
   if (target.isEmpty()) {
     return;
   }
-  constexpr int kBytesAPixel = 4;
+  constexpr std::ptrdiff_t kBytesAPixel = 4;
   const QPoint from = target.topLeft() - by;
   for (int i = 0; i < target.height(); ++i) {
     // Downwards the last row goes first, so that none is written before it is read.
     const int row = by.y() > 0 ? target.height() - 1 - i : i;
     std::memmove(image_.scanLine(target.y() + row) + target.x() * kBytesAPixel,
                  image_.constScanLine(from.y() + row) + from.x() * kBytesAPixel,
-                 static_cast<std::size_t>(target.width()) * kBytesAPixel);
+                 static_cast<std::size_t>(target.width() * kBytesAPixel));
   }
   update.changed += target;
   update.moved += count(target);

@@ -57,8 +57,14 @@ void finish(const QString& path, const ImagePicker::Completion& completion) {
 
 }  // namespace
 
+FilePicturePicker::FilePicturePicker() = default;
+
 FilePicturePicker::~FilePicturePicker() {
   delete dialog_.data();
+}
+
+void FilePicturePicker::showAbove(QWidget* widget) {
+  widget_ = widget;
 }
 
 QFileDialog* FilePicturePicker::dialog() const {

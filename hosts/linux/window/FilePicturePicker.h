@@ -15,13 +15,13 @@ namespace zephyl::linux_host {
 
 class FilePicturePicker : public ImagePicker {
  public:
-  FilePicturePicker() = default;
+  FilePicturePicker();
   ~FilePicturePicker() override;
   FilePicturePicker(const FilePicturePicker&) = delete;
   FilePicturePicker& operator=(const FilePicturePicker&) = delete;
 
   // What the dialog stands above; may be null.
-  void showAbove(QWidget* widget) { widget_ = widget; }
+  void showAbove(QWidget* widget);
 
   [[nodiscard]] bool isSourceAvailable(UIImagePickerSource source) override;
   void pick(UIImagePickerSource source, UIView& above, Completion completion) override;
