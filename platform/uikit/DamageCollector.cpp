@@ -109,10 +109,26 @@ bool isWhole(CGFloat points, CGFloat scale) {
   return std::abs(pixels - std::round(pixels)) < 1e-6;
 }
 
-bool isWhole(const Damage::Move& move, CGFloat scale) {
-  return isWhole(move.dx, scale) && isWhole(move.dy, scale) && isWhole(move.area.x(), scale) &&
-         isWhole(move.area.y(), scale) && isWhole(move.area.width(), scale) &&
-         isWhole(move.area.height(), scale);
+bool isWhole(const CGRect& rect, CGFloat scale) {
+  return isWhole(rect.x(), scale) && isWhole(rect.y(), scale) && isWhole(rect.maxX(), scale) &&
+         isWhole(rect.maxY(), scale);
+}
+
+CGRect pixelsInside(const CGRect& rect, CGFloat scale) {
+  constexpr CGFloat kSlack = 1e-6;
+  return between(std::ceil(rect.x() * scale - kSlack) / scale,
+                 std::ceil(rect.y() * scale - kSlack) / scale,
+                 std::floor(rect.maxX() * scale + kSlack) / scale,
+                 std::floor(rect.maxY() * scale + kSlack) / scale);
+}
+
+// Whether the moves can be made with pixels. A single one may end within a pixel; after another
+// move that pixel would be taken elsewhere.
+bool canBeMade(const std::vector<Damage::Move>& moves, CGFloat scale) {
+  return std::all_of(moves.begin(), moves.end(), [&](const Damage::Move& move) {
+    return isWhole(move.dx, scale) && isWhole(move.dy, scale) &&
+           (moves.size() == 1 || isWhole(move.area, scale));
+  });
 }
 
 }  // namespace
@@ -152,17 +168,33 @@ void DamageCollector::move(const CGRect& area, CGFloat dx, CGFloat dy) {
   }
 }
 
+// Pixels that the area covers in part are drawn anew.
+void DamageCollector::keepWithinPixels(Damage::Move& move, CGFloat scale) {
+  if (isWhole(move.area, scale)) {
+    return;
+  }
+  const CGRect inside = pixelsInside(move.area, scale);
+  for (const CGRect& edge : without(std::exchange(move.area, inside), inside)) {
+    add(edge);
+  }
+  for (const CGRect& strip : without(inside, CGRectOffset(inside, move.dx, move.dy))) {
+    add(strip);
+  }
+}
+
 Damage DamageCollector::take(const CGRect& bounds, CGFloat scale) {
   Damage damage;
   damage.moves = std::exchange(moves_, {});
   std::erase_if(damage.moves,
                 [](const Damage::Move& move) { return move.dx == 0 && move.dy == 0; });
   // A move that is not made leaves old pixels where a later one would take them from.
-  if (!std::all_of(damage.moves.begin(), damage.moves.end(),
-                   [&](const Damage::Move& move) { return isWhole(move, scale); })) {
+  if (!canBeMade(damage.moves, scale)) {
     for (const Damage::Move& move : std::exchange(damage.moves, {})) {
       add(move.area);
     }
+  }
+  for (Damage::Move& move : damage.moves) {
+    keepWithinPixels(move, scale);
   }
   std::vector<CGRect> rects;
   for (const CGRect& rect : std::exchange(rects_, {})) {

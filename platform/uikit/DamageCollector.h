@@ -29,6 +29,8 @@ class ZP_EXPORT DamageCollector {
   static constexpr std::size_t kMostRects = 12;
 
  private:
+  void keepWithinPixels(Damage::Move& move, CGFloat scale);
+
   std::vector<CGRect> rects_;
   std::vector<Damage::Move> moves_;
 };

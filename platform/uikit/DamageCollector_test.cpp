@@ -125,6 +125,25 @@ TEST(DamageCollector, AMoveByPartsOfPixelsIsDrawnAnew) {
   EXPECT_EQ(damage.rects[0], CGRectMake(0, 10, 40, 50));
 }
 
+TEST(DamageCollector, PixelsThatTheAreaCoversInPartAreDrawnAnew) {
+  DamageCollector collector;
+  collector.move(CGRectMake(0, 10, 39.5, 50), 0, -7);
+  const Damage damage = collector.take(kBounds, 1);
+  ASSERT_EQ(damage.moves.size(), 1U);
+  EXPECT_EQ(damage.moves[0].area, CGRectMake(0, 10, 39, 50));
+  ASSERT_EQ(damage.rects.size(), 2U);
+  EXPECT_EQ(damage.rects[0], CGRectMake(0, 53, 40, 7));
+  EXPECT_EQ(damage.rects[1], CGRectMake(39, 10, 1, 43));
+}
+
+// The pixel that is drawn anew last would have been moved elsewhere before.
+TEST(DamageCollector, PartsOfPixelsBetweenTwoMovesAreDrawnAnew) {
+  DamageCollector collector;
+  collector.move(CGRectMake(0, 10, 39.5, 50), 0, -7);
+  collector.move(kBounds, -3, 0);
+  EXPECT_TRUE(collector.take(kBounds, 1).moves.empty());
+}
+
 TEST(DamageCollector, AMoveFartherThanItsAreaDrawsAllOfIt) {
   Screen screen;
   screen.move(CGRectMake(5, 5, 10, 10), 0, 30);

@@ -9,6 +9,7 @@
 #include "platform/uikit/gestures/UIPanGestureRecognizer.h"
 #include "platform/uikit/tables/ScrollIndicator.h"
 #include "platform/uikit/tables/UIScrollViewMotion.h"
+#include "platform/uikit/text/TextDrawing.h"
 
 namespace zephyl {
 namespace {
@@ -22,6 +23,11 @@ CGFloat offsetShowing(CGFloat from, CGFloat to, CGFloat offset, CGFloat length) 
     return from;
   }
   return to > offset + length ? to - length : offset;
+}
+
+// At whole pixels, as all offsets are.
+ScrollRange pixelRange(CGFloat lowest, CGFloat highest) {
+  return {roundedToPixel(lowest), std::max(roundedToPixel(lowest), roundedToPixel(highest))};
 }
 
 }  // namespace
@@ -76,7 +82,7 @@ void UIScrollView::setExtraTopInset(CGFloat inset) {
 
 void UIScrollView::insetsDidChange(const UIEdgeInsets& before) {
   setNeedsLayout();
-  if (contentOffset().y == -before.top && !dragging_ && motion_ == nullptr) {
+  if (contentOffset().y == roundedToPixel(-before.top) && !dragging_ && motion_ == nullptr) {
     moveTo({contentOffset().x, -adjustedContentInset().top});
   }
 }
@@ -114,12 +120,12 @@ void UIScrollView::scrollRectToVisible(const CGRect& rect, bool animated) {
 
 ScrollRange UIScrollView::verticalRange() const {
   const UIEdgeInsets inset = adjustedContentInset();
-  return {-inset.top, std::max(-inset.top, contentSize_.height + inset.bottom - bounds().height())};
+  return pixelRange(-inset.top, contentSize_.height + inset.bottom - bounds().height());
 }
 
 ScrollRange UIScrollView::horizontalRange() const {
   const UIEdgeInsets inset = adjustedContentInset();
-  return {-inset.left, std::max(-inset.left, contentSize_.width + inset.right - bounds().width())};
+  return pixelRange(-inset.left, contentSize_.width + inset.right - bounds().width());
 }
 
 bool UIScrollView::canMoveVertically() const {

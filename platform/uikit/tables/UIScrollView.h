@@ -38,7 +38,8 @@ class ZP_EXPORT UIScrollView : public UIView {
   [[nodiscard]] CGSize contentSize() const { return contentSize_; }
   void setContentSize(CGSize size);
   [[nodiscard]] CGPoint contentOffset() const { return bounds().origin; }
-  // Not held within the limits: the next movement of the user's is. Ends whatever moves. Animated
+  // Not held within the limits: the next movement of the user's is. Goes to the nearest pixel, as
+  // every movement does, so that what is seen can be moved. Ends whatever moves. Animated
   // it takes 0.3 s; in no window and with reduced motion it is there at once.
   void setContentOffset(CGPoint offset, bool animated = false);
   [[nodiscard]] UIEdgeInsets contentInset() const { return contentInset_; }

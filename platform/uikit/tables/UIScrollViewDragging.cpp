@@ -10,6 +10,7 @@
 #include "platform/uikit/tables/ScrollIndicator.h"
 #include "platform/uikit/tables/UIScrollView.h"
 #include "platform/uikit/tables/UIScrollViewMotion.h"
+#include "platform/uikit/text/TextDrawing.h"
 
 namespace zephyl {
 namespace {
@@ -143,9 +144,11 @@ void UIScrollView::setContentOffset(CGPoint offset, bool animated) {
   startMotion(std::move(motion));
 }
 
+// To whole pixels: parts of one would draw all that is seen anew with every step.
 void UIScrollView::moveTo(CGPoint offset) {
-  if (offset != contentOffset()) {
-    setBounds({offset, bounds().size});
+  const CGPoint onPixel = {roundedToPixel(offset.x), roundedToPixel(offset.y)};
+  if (onPixel != contentOffset()) {
+    setBounds({onPixel, bounds().size});
   }
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/uikit/UIScreen.h"
 #include "platform/uikit/testing/ScrollFixture.h"
 
 namespace zephyl {
@@ -155,6 +156,31 @@ TEST_F(UIScrollViewTest, NumbersThatAreNoneDoNoHarm) {
   EXPECT_FALSE(scroll_->handleScroll({{0, 0}, kNaN, kNaN}));
   window_->layoutWindow();
   EXPECT_TRUE(std::isfinite(scroll_->contentOffset().y));
+}
+
+TEST_F(UIScrollViewTest, OffsetsAreWholePixels) {
+  const CGFloat scale = UIScreen::mainScreen().scale();
+  const auto isWhole = [&] {
+    const CGFloat pixels = scroll_->contentOffset().y * scale;
+    return std::abs(pixels - std::round(pixels)) < 1e-6;
+  };
+  scroll_->setContentOffset({0, 10 + 0.3 / scale});
+  EXPECT_EQ(scroll_->contentOffset().y, 10);
+  drag(-61.7, 7);
+  EXPECT_TRUE(isWhole());
+  lift(0);
+  for (int frame = 0; frame < 20; ++frame) {
+    device_.uikit()->displayLink().advance(1.0 / 60);
+    EXPECT_TRUE(isWhole()) << frame;
+  }
+}
+
+TEST_F(UIScrollViewTest, ContentsThatEndWithinAPixelCanBeScrolledToTheirEndOnce) {
+  scroll_->setContentSize({300, 1200 + 0.3 / UIScreen::mainScreen().scale()});
+  window_->layoutWindow();
+  EXPECT_TRUE(scroll_->handleScroll({{150, 300}, 0, 5000}));
+  EXPECT_EQ(scroll_->contentOffset().y, 800);
+  EXPECT_FALSE(scroll_->handleScroll({{150, 300}, 0, 10}));
 }
 
 }  // namespace
