@@ -15,7 +15,7 @@
 #include "apps/zephyls/Interruption.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
-#include "model/ZPLocalizedText.h"
+#include "services/GroupProtection.h"
 #include "services/ZPUtils.h"
 
 namespace zephyl::app {
@@ -24,39 +24,6 @@ namespace {
 
 // As long as a person may look for the reader; the check itself ends sooner.
 constexpr auto kLongestCheck = std::chrono::minutes(2);
-
-// As the phone numbers them: nothing more is to be said about these.
-constexpr std::int64_t kCancelledByUser = -2;
-constexpr std::int64_t kCancelledBySystem = -4;
-
-// The format with its places "%@" filled in order.
-std::string filled(const std::string& format, const std::vector<std::string>& texts) {
-  std::string result;
-  std::size_t from = 0;
-  for (const std::string& text : texts) {
-    const std::size_t place = format.find("%@", from);
-    if (place == std::string::npos) {
-      break;
-    }
-    result.append(format, from, place - from).append(text);
-    from = place + 2;
-  }
-  return result.append(format, from);
-}
-
-// Kept: the texts are those of the list of groups, their spelling included.
-std::string reasonFor(const std::vector<std::string>& titles, bool isOnlyGroup) {
-  if (isOnlyGroup) {
-    return filled(
-        zpLocalizedText("Group '%@' is protected. Please authenticate uisng your finger print."),
-        titles);
-  }
-  const bool one = titles.size() == 1;
-  return filled(
-      zpLocalizedText("%@ '%@' %@ protected. Please authenticate uisng your finger print."),
-      {zpLocalizedText(one ? "Group" : "Groups"), joinedTitles(titles),
-       zpLocalizedText(one ? "is" : "are")});
-}
 
 // What the check came to; written on a thread of the authentication service.
 struct Check {
@@ -87,34 +54,17 @@ void throwUnlessRecognized(const Check& check) {
   if (!check.isAnswered) {
     throw CommandError("the fingerprint reader gave no answer; nothing was changed");
   }
-  if (!check.error) {
-    if (!check.success) {
-      throw CommandError(zpLocalizedText("Unable to verify your identity."));
-    }
+  if (!check.error && check.success) {
     return;
   }
-  if (check.error->code() == kCancelledByUser || check.error->code() == kCancelledBySystem) {
-    throw CommandError("cancelled; nothing was changed");
-  }
-  throw CommandError(filled(zpLocalizedText("Unable to verify your identity. Error: '%@'"),
-                            {check.error->localizedDescription()}));
+  throw CommandError(whyNotRecognized(check.error ? &*check.error : nullptr)
+                         .value_or("cancelled; nothing was changed"));
 }
 
 }  // namespace
 
 bool isLocked(const ZephylRef& group) {
   return !group->isSystem() && group->isPasswordProtected();
-}
-
-std::string joinedTitles(const std::vector<std::string>& titles) {
-  std::string result;
-  for (std::size_t index = 0; index < titles.size(); ++index) {
-    if (index > 0) {
-      result += index + 1 == titles.size() ? " and " : ", ";
-    }
-    result += titles[index];
-  }
-  return result;
 }
 
 void askForFingerprint(Session& session, Output& output, const ZephylVector& groups) {
@@ -127,7 +77,9 @@ void askForFingerprint(Session& session, Output& output, const ZephylVector& gro
   if (titles.empty()) {
     return;
   }
-  const std::string reason = reasonFor(titles, groups.size() == 1);
+  // Kept: the texts are those of the list of groups, their spelling included.
+  const std::string reason =
+      groups.size() == 1 ? reasonToOpenGroup(titles.front()) : reasonToDeleteGroups(titles);
   if (!ZPUtils::shouldContinueWithoutRequestingForTouchID()) {
     output.complain(reason);
   }

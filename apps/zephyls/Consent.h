@@ -4,7 +4,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "store/ZephylArray.h"
 
@@ -23,8 +22,5 @@ void askForFingerprint(Session& session, Output& output, const ZephylVector& gro
 // Asks on the terminal unless --yes was given. Throws CommandError when the answer is no, and when
 // there is no terminal to ask on.
 void askWhetherToGoOn(const Session& session, Output& output, const std::string& question);
-
-// "A", "A and B", "A, B and C".
-[[nodiscard]] std::string joinedTitles(const std::vector<std::string>& titles);
 
 }  // namespace zephyl::app

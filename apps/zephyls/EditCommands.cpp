@@ -21,6 +21,7 @@
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
 #include "model/ZephylKeys.h"
+#include "services/GroupProtection.h"
 #include "services/ZPUtils.h"
 #include "store/ZephylsDataController.h"
 
