@@ -11,6 +11,10 @@
 
 namespace zephyl {
 
+// Posted in this process by whoever changed the settings file.
+inline constexpr char kZephylsSettingsChangedNotification[] =
+    "com.vantor.ZephylsSettingsChangedNotification";
+
 // The keys of the settings file.
 namespace settings_keys {
 

@@ -4,8 +4,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/Export.h"
 #include "platform/chatkit/CKEntity.h"
@@ -44,5 +46,7 @@ class ZP_EXPORT ZPRecipient {
   std::int64_t contactId_ = -1;
   bool selected_ = false;
 };
+
+using ZPRecipientArray = std::vector<std::shared_ptr<ZPRecipient>>;
 
 }  // namespace zephyl

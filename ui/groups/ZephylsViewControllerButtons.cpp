@@ -1,0 +1,133 @@
+// The buttons in the bar of the list of groups.
+
+#include "platform/uikit/controllers/UINavigationController.h"
+#include "platform/uikit/controllers/UINavigationItem.h"
+
+#include "model/ZPLocalizedText.h"
+#include "services/ZPUtils.h"
+#include "ui/editor/ZephylViewController.h"
+#include "ui/groups/GroupAppearance.h"
+#include "ui/groups/ZephylsViewController.h"
+
+namespace zephyl {
+
+void ZephylsViewController::makeBrowsingButtons() {
+  setTitle(zpLocalizedText("Zephyls"));
+  const auto add =
+      std::make_shared<UIBarButtonItem>(UIBarButtonSystemItem::kAdd, weakSelf(),
+                                        [this](UIBarButtonItem& /*sender*/) { addGroupAction(); });
+  const auto groups = std::make_shared<UIBarButtonItem>(
+      settingsPicture("users_group"), UIBarButtonItemStyle::kDone, weakSelf(),
+      [this](UIBarButtonItem& /*sender*/) { zp__manageAllGroups(); });
+  groups->setAccessibilityLabel(zpLocalizedText("Manage Groups"));
+  if (ZPUtils::isIOS13()) {
+    navigationItem()->setLeftBarButtonItem(std::make_shared<UIBarButtonItem>(
+        UIBarButtonSystemItem::kCancel, weakSelf(),
+        [this](UIBarButtonItem& /*sender*/) { cancelButtonAction(); }));
+    navigationItem()->setRightBarButtonItems({groups, add});
+  } else {
+    navigationItem()->setLeftBarButtonItem(add);
+    navigationItem()->setRightBarButtonItem(groups);
+  }
+}
+
+void ZephylsViewController::makeManagingButtons() {
+  setTitle(zpLocalizedText("Manage Groups"));
+  navigationItem()->setRightBarButtonItem(std::make_shared<UIBarButtonItem>(
+      UIBarButtonSystemItem::kEdit, weakSelf(),
+      [this](UIBarButtonItem& /*sender*/) { editButtonAction(); }));
+}
+
+void ZephylsViewController::makeAddingButtons() {
+  selectedGroups_.clear();
+  setTitle(zpLocalizedText("Add to Groups"));
+  const auto done = std::make_shared<UIBarButtonItem>(
+      UIBarButtonSystemItem::kDone, weakSelf(),
+      [this](UIBarButtonItem& /*sender*/) { doneButtonAction(); });
+  done->setEnabled(false);
+  navigationItem()->setRightBarButtonItems(
+      {done, std::make_shared<UIBarButtonItem>(
+                 UIBarButtonSystemItem::kAdd, weakSelf(),
+                 [this](UIBarButtonItem& /*sender*/) { addGroupAction(); })});
+}
+
+void ZephylsViewController::enableOutermostRightButton(bool enabled) {
+  if (const auto button = navigationItem()->rightBarButtonItem()) {
+    button->setEnabled(enabled);
+  }
+}
+
+void ZephylsViewController::addGroupAction() {
+  const auto delegate = zephylsDelegate_.lock();
+  if (delegate != nullptr && delegate->zp__addNewGroup) {
+    // Copied: the call may take the delegate away.
+    const auto addNewGroup = delegate->zp__addNewGroup;
+    addNewGroup();
+    return;
+  }
+  if (const auto navigation = navigationController()) {
+    const auto editor = std::make_shared<ZephylViewController>(UITableViewStyle::kGrouped);
+    navigation->presentViewController(UINavigationController::initWithRootViewController(editor),
+                                      /*animated=*/true);
+  }
+}
+
+void ZephylsViewController::zp__manageAllGroups() {
+  const auto delegate = zephylsDelegate_.lock();
+  if (delegate != nullptr && delegate->zp__manageAllGroups) {
+    const auto manageAllGroups = delegate->zp__manageAllGroups;
+    manageAllGroups();
+  }
+}
+
+void ZephylsViewController::cancelButtonAction() {
+  onMain(weakSelf(), [](ZephylsViewController& self) {
+    if (self.tableView()->isEditing()) {
+      self.editButtonAction();
+      return;
+    }
+    const auto kept = std::static_pointer_cast<ZephylsViewController>(self.shared_from_this());
+    self.dismissViewControllerAnimated(/*animated=*/true, [kept] {
+      if (const auto action = kept->dismissAction_) {
+        action();
+      }
+    });
+  });
+}
+
+void ZephylsViewController::editButtonAction() {
+  onMain(weakSelf(), [](ZephylsViewController& self) {
+    const auto& table = self.tableView();
+    // The table asks for the editing styles meanwhile.
+    self.isInEditing_ = !table->isEditing();
+    table->setEditing(self.isInEditing_, /*animated=*/true);
+    if (self.isInEditing_) {
+      self.beginEditing();
+    } else {
+      self.endEditing();
+    }
+  });
+}
+
+void ZephylsViewController::beginEditing() {
+  const auto remove = std::make_shared<UIBarButtonItem>(
+      zpLocalizedText("Delete"), UIBarButtonItemStyle::kDone, weakSelf(),
+      [this](UIBarButtonItem& /*sender*/) { deleteButtonAction(); });
+  remove->setEnabled(false);
+  navigationItem()->setRightBarButtonItem(remove);
+  navigationItem()->setLeftBarButtonItem(std::make_shared<UIBarButtonItem>(
+      UIBarButtonSystemItem::kDone, weakSelf(),
+      [this](UIBarButtonItem& /*sender*/) { editButtonAction(); }));
+}
+
+void ZephylsViewController::endEditing() {
+  navigationItem()->setRightBarButtonItem(std::make_shared<UIBarButtonItem>(
+      UIBarButtonSystemItem::kEdit, weakSelf(),
+      [this](UIBarButtonItem& /*sender*/) { editButtonAction(); }));
+  // Kept: also where the screen was pushed and had no Cancel button before.
+  navigationItem()->setLeftBarButtonItem(std::make_shared<UIBarButtonItem>(
+      UIBarButtonSystemItem::kCancel, weakSelf(),
+      [this](UIBarButtonItem& /*sender*/) { cancelButtonAction(); }));
+}
+
+}  // namespace zephyl

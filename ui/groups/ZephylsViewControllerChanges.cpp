@@ -1,0 +1,185 @@
+// What the list of groups changes: it deletes groups, and adds members to them.
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Host.h"
+#include "platform/foundation/Dispatch.h"
+#include "platform/uikit/controllers/UIAlertController.h"
+
+#include "model/ZPLocalizedText.h"
+#include "services/GroupProtection.h"
+#include "services/UIViewControllerZephyls.h"
+#include "services/ZPUtils.h"
+#include "store/ZephylsDataController.h"
+#include "ui/groups/ZephylsViewController.h"
+
+namespace zephyl {
+
+namespace {
+
+// The box over the screen while one operation runs. Handed about by the background work, but what
+// it holds is the main thread's.
+struct BusyBox {
+  std::shared_ptr<UIAlertController> alert;
+};
+
+void present(BusyBox& box, const std::shared_ptr<UIViewController>& screen,
+             const std::string& title) {
+  box.alert = zp__showActivityIndicator(screen, title, zpLocalizedText("Please wait..."));
+}
+
+// `completion` may be empty.
+void dismiss(const BusyBox& box, const std::function<void()>& completion) {
+  if (box.alert != nullptr) {
+    box.alert->dismissViewControllerAnimated(/*animated=*/true, completion);
+  } else if (completion) {
+    completion();
+  }
+}
+
+void addMembers(Zephyl& group, const std::vector<Member>& members) {
+  const auto present = group.contacts();
+  const auto next =
+      present == nullptr ? std::make_shared<MemberSet>() : std::make_shared<MemberSet>(*present);
+  for (const Member& member : members) {
+    next->add(member);
+  }
+  group.setContacts(next);
+}
+
+}  // namespace
+
+void ZephylsViewController::authenticate(const std::string& reason, Action action) {
+  // Answered on any thread.
+  ZPUtils::requestForAuthentication(reason, [screen = weakSelf(), action = std::move(action)](
+                                                bool success, const NSError* error) {
+    if (error == nullptr && success) {
+      onMain(screen, action);
+    } else if (const auto failure = whyNotRecognized(error)) {
+      onMain(screen, [text = *failure](ZephylsViewController& self) {
+        zp__showError(self.shared_from_this(), text);
+      });
+    }
+  });
+}
+
+void ZephylsViewController::deleteGroup(const ZephylRef& group) {
+  ZephylsDataController::sharedInstance()->deleteZephyl(
+      group, nullptr, [this](const NSError& error) {
+        zp__showError(shared_from_this(), error.localizedDescription());
+      });
+}
+
+void ZephylsViewController::deleteButtonAction() {
+  ZephylVector groups;
+  std::vector<std::string> protectedTitles;
+  // Kept: without biometrics nothing is collected, and the button then deletes nothing. Swiping
+  // deletes all the same.
+  if (ZPUtils::supportsTouchID()) {
+    for (const NSIndexPath& path : tableView()->indexPathsForSelectedRows()) {
+      const ZephylRef group = sections_->groupAt(path);
+      if (group == nullptr) {
+        continue;
+      }
+      groups.push_back(group);
+      if (group->isPasswordProtected()) {
+        protectedTitles.push_back(group->title());
+      }
+    }
+  }
+  if (protectedTitles.empty()) {
+    deleteGroups(groups);
+  } else {
+    authenticate(reasonToDeleteGroups(protectedTitles),
+                 [groups](ZephylsViewController& self) { self.deleteGroups(groups); });
+  }
+}
+
+void ZephylsViewController::deleteGroups(const ZephylVector& groups) {
+  host().dispatch().globalAsync(QueuePriority::kDefault, [screen = weakSelf(), groups] {
+    auto box = std::make_shared<BusyBox>();
+    // Kept: shown from here, and not queued as when groups are updated: the work begins when the
+    // box is there.
+    host().dispatch().mainSync([&] { present(*box, screen.lock(), zpLocalizedText("Deleting")); });
+    ZephylsDataController::sharedInstance()->deleteZephyls(
+        groups, [box] { host().dispatch().mainAsync([box] { dismiss(*box, nullptr); }); },
+        [screen, box](const NSError& error) {
+          host().dispatch().mainAsync([screen, box, text = error.localizedDescription()] {
+            dismiss(*box, [screen, text] { zp__showError(screen.lock(), text); });
+          });
+        });
+    // The last who has the box is the main thread.
+    host().dispatch().mainAsync([screen, box = std::move(box)] {
+      if (const auto self = screen.lock()) {
+        self->editButtonAction();
+      }
+    });
+  });
+}
+
+void ZephylsViewController::doneButtonAction() {
+  const bool asks =
+      ZPUtils::supportsTouchID() &&
+      std::any_of(selectedGroups_.begin(), selectedGroups_.end(),
+                  [](const ZephylRef& group) { return group->isPasswordProtected(); });
+  if (asks) {
+    authenticate(reasonToAddToGroups(),
+                 [](ZephylsViewController& self) { self.updateSelectedGroups(); });
+  } else {
+    updateSelectedGroups();
+  }
+}
+
+std::vector<Member> ZephylsViewController::membersToAdd() const {
+  std::vector<Member> members;
+  if (conversation_ != nullptr) {
+    members.emplace_back(conversation_->guid());
+  } else if (recipients_) {
+    for (const auto& recipient : *recipients_) {
+      members.push_back(recipient->contactId() >= 1 ? Member(recipient->contactId())
+                                                    : Member(recipient->plainPhoneNumber()));
+    }
+  } else if (conversations_) {
+    for (const CKConversationRef& conversation : *conversations_) {
+      members.emplace_back(conversation->guid());
+    }
+  }
+  return members;
+}
+
+void ZephylsViewController::updateSelectedGroups() {
+  host().dispatch().globalAsync(
+      QueuePriority::kDefault,
+      [screen = weakSelf(), groups = selectedGroups_, members = membersToAdd()] {
+        auto box = std::make_shared<BusyBox>();
+        // The work goes on meanwhile; what comes of it is queued behind this.
+        host().dispatch().mainAsync(
+            [screen, box] { present(*box, screen.lock(), zpLocalizedText("Updating")); });
+        for (const ZephylRef& group : groups) {
+          addMembers(*group, members);
+        }
+        // The store answers once for each group, the screen once for all: it closes when nothing
+        // failed, and else stays and tells of the first failure.
+        std::optional<std::string> failure;
+        ZephylsDataController::sharedInstance()->updateZephyls(
+            groups, nullptr, [&failure](const NSError& error) {
+              failure = failure.value_or(error.localizedDescription());
+            });
+        host().dispatch().mainAsync([screen, box = std::move(box), failure] {
+          dismiss(*box, [screen, failure] {
+            const auto self = screen.lock();
+            if (self == nullptr) {
+              return;
+            }
+            if (failure) {
+              zp__showError(self, *failure);
+            } else {
+              self->cancelButtonAction();
+            }
+          });
+        });
+      });
+}
+
+}  // namespace zephyl
