@@ -81,7 +81,7 @@ void UserData::take(linux_host::ContactsReading reading) {
   people_ = std::move(reading.people);
   matcher_.emplace(people_, homeRegion_);
   if (addressBook_ != nullptr) {
-    addressBook_->setPeople(people_);
+    addressBook_->setPeople(people_, errors_);
   }
 }
 
@@ -121,6 +121,7 @@ void UserData::serveBy(linux_host::DeviceOptions& options,
   list_ = list.get();
   options.conversationList = std::move(list);
   addressBook_ = std::make_shared<linux_host::LinuxAddressBook>(people_);
+  addressBook_->setPeople(people_, errors_);
   options.addressBook = addressBook_;
   options.favorites = std::make_unique<linux_host::LinuxFavorites>(favoritesReader(favorites));
   options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(homeRegion_);

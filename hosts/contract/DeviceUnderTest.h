@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Host.h"
+#include "platform/addressbook/ABAddressBook.h"
 #include "platform/foundation/Dictionary.h"
 
 namespace zephyl::contract {
@@ -46,6 +47,10 @@ class DeviceUnderTest {
   virtual void setBiometrics(Biometrics biometrics) = 0;
   // Ends the checks that wait for an answer, where the device does not so by itself.
   virtual void endChecks() = 0;
+
+  // Who is in the address book; those there were go. With a status, whether one may look.
+  virtual void setPeople(std::vector<ABPersonRef> people) = 0;
+  virtual void setAuthorizationStatus(ABAuthorizationStatus status) = 0;
 
   virtual void setSystemVersion(const std::string& version) = 0;
 

@@ -54,6 +54,13 @@ class FakeUnderTest : public DeviceUnderTest {
     }
   }
 
+  void setPeople(std::vector<ABPersonRef> people) override {
+    device_.people().setPeople(std::move(people));
+  }
+  void setAuthorizationStatus(ABAuthorizationStatus status) override {
+    device_.people().setAuthorizationStatus(status);
+  }
+
   void setSystemVersion(const std::string& version) override {
     device_.device().setSystemVersion(version);
   }

@@ -13,6 +13,7 @@
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/LinuxDispatch.h"
 #include "hosts/linux/MessageServer.h"
+#include "hosts/linux/sources/LinuxAddressBook.h"
 
 namespace zephyl::contract {
 
@@ -76,6 +77,13 @@ class LinuxUnderTest : public DeviceUnderTest {
   }
   void endChecks() override {}
 
+  void setPeople(std::vector<ABPersonRef> people) override {
+    people_->setPeople(std::move(people));
+  }
+  void setAuthorizationStatus(ABAuthorizationStatus status) override {
+    people_->setAuthorizationStatus(status);
+  }
+
   void setSystemVersion(const std::string& version) override {
     systemVersion_ = version;
     restart();
@@ -93,6 +101,16 @@ class LinuxUnderTest : public DeviceUnderTest {
     if (biometrics_ == Biometrics::kRecognizes) {
       options.authenticate = [](const ScriptedAuthentication::Question&) { return std::nullopt; };
     }
+    people_ = std::make_shared<linux_host::LinuxAddressBook>(std::vector<ABPersonRef>());
+    people_->setAdder([book = people_.get()](const ABPerson& person, NSError& /*error*/) {
+      auto people = book->copyArrayOfAllPeople();
+      auto added = std::make_shared<ABPerson>(person);
+      added->recordID = people.empty() ? 1 : people.back()->recordID + 1;
+      people.push_back(added);
+      book->setPeople(std::move(people));
+      return added;
+    });
+    options.addressBook = people_;
     if (bus_ != nullptr) {
       bus_->serve(options);
     }
@@ -119,6 +137,7 @@ class LinuxUnderTest : public DeviceUnderTest {
   fake::FakeSystemLog log_;
   Biometrics biometrics_ = Biometrics::kNone;
   std::string systemVersion_ = "14.0";
+  std::shared_ptr<linux_host::LinuxAddressBook> people_;
   std::optional<LinuxDevice> device_;
 };
 

@@ -53,7 +53,11 @@ void FakeDispatch::mainSync(const std::function<void()>& task) {
   changed_.wait(lock, [&] { return done; });
 }
 
-std::shared_ptr<SerialQueue> FakeDispatch::makeSerialQueue(const std::string& /*label*/) {
+std::shared_ptr<SerialQueue> FakeDispatch::makeSerialQueue(const std::string& label) {
+  {
+    const std::lock_guard lock(mutex_);
+    labels_.push_back(label);
+  }
   return std::make_shared<FakeSerialQueue>(*this);
 }
 
@@ -173,6 +177,11 @@ std::size_t FakeDispatch::waitingGlobal(QueuePriority priority) {
 std::size_t FakeDispatch::waitingMain() {
   const std::lock_guard lock(mutex_);
   return mainTasks_.size();
+}
+
+std::vector<std::string> FakeDispatch::serialQueueLabels() {
+  const std::lock_guard lock(mutex_);
+  return labels_;
 }
 
 }  // namespace zephyl::fake

@@ -11,6 +11,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/foundation/Dispatch.h"
 
@@ -46,6 +47,8 @@ class FakeDispatch : public Dispatch {
   [[nodiscard]] std::size_t waitingGlobal();
   [[nodiscard]] std::size_t waitingGlobal(QueuePriority priority);
   [[nodiscard]] std::size_t waitingMain();
+  // Of every serial queue that was made.
+  [[nodiscard]] std::vector<std::string> serialQueueLabels();
 
  private:
   void serveMainUntil(const bool& done);
@@ -62,6 +65,7 @@ class FakeDispatch : public Dispatch {
   double elapsed_ = 0.0;
   // By priority, the highest first.
   std::map<int, std::deque<std::function<void()>>, std::greater<>> global_;
+  std::vector<std::string> labels_;
 };
 
 }  // namespace zephyl::fake

@@ -2,7 +2,10 @@
 
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -13,31 +16,72 @@
 #include "platform/addressbook/ABFavorites.h"
 #include "platform/addressbook/ABPhoneFormatting.h"
 
+#include "hosts/common/AddressBookObservers.h"
+
 namespace zephyl::fake {
 
-class FakeAddressBook : public ABAddressBook {
+class FakeAddressBook : public ABAddressBook, public std::enable_shared_from_this<FakeAddressBook> {
  public:
+  ABAuthorizationStatus authorizationStatus() override {
+    const std::lock_guard lock(mutex_);
+    return status_;
+  }
+  // Answered from a global queue of the installed host.
+  void requestAccessWithCompletion(AccessCompletion completion) override;
   std::vector<ABPersonRef> copyArrayOfAllPeople() override {
     const std::lock_guard lock(mutex_);
+    ++copies_;
     return people_;
   }
-  ABPersonRef personWithRecordID(std::int32_t recordID) override {
-    for (const ABPersonRef& person : copyArrayOfAllPeople()) {
-      if (person->recordID == recordID) {
-        return person;
-      }
-    }
-    return nullptr;
+  ABPersonRef personWithRecordID(std::int32_t recordID) override;
+  ABPersonSortOrdering personGetSortOrdering() override {
+    const std::lock_guard lock(mutex_);
+    return ordering_;
+  }
+  // Under the record id that follows the highest.
+  ABPersonRef addPerson(const ABPerson& person, NSError& error) override;
+  void registerExternalChangeCallback(ABExternalChangeCallback callback, void* context) override;
+  void unregisterExternalChangeCallback(ABExternalChangeCallback callback, void* context) override;
+
+  // Announces the change.
+  void setPeople(std::vector<ABPersonRef> people);
+  void announceExternalChange() { observers_.announce(shared_from_this()); }
+  // Asking for access makes an unknown state a known one: authorized.
+  void setAuthorizationStatus(ABAuthorizationStatus status) {
+    const std::lock_guard lock(mutex_);
+    status_ = status;
+  }
+  // What refused requests are told; nothing: no reason at all.
+  void setAccessError(std::optional<NSError> error) {
+    const std::lock_guard lock(mutex_);
+    accessError_ = std::move(error);
+  }
+  void setSortOrdering(ABPersonSortOrdering ordering) {
+    const std::lock_guard lock(mutex_);
+    ordering_ = ordering;
+  }
+  void failAdding(std::optional<NSError> error) {
+    const std::lock_guard lock(mutex_);
+    addingError_ = std::move(error);
   }
 
-  void setPeople(std::vector<ABPersonRef> people) {
-    const std::lock_guard lock(mutex_);
-    people_ = std::move(people);
-  }
+  // Calls so far.
+  [[nodiscard]] int registrations() const { return registrationCalls_; }
+  [[nodiscard]] int unregistrations() const { return unregistrationCalls_; }
+  [[nodiscard]] int copies() const { return copies_; }
 
  private:
   std::mutex mutex_;
   std::vector<ABPersonRef> people_;
+  ABAuthorizationStatus status_ = ABAuthorizationStatus::kAuthorized;
+  ABPersonSortOrdering ordering_ = ABPersonSortOrdering::kByLastName;
+  std::optional<NSError> accessError_ =
+      NSError(ABAddressBookErrorDomain, kABOperationNotPermittedByUserError);
+  std::optional<NSError> addingError_;
+  AddressBookObservers observers_;
+  std::atomic<int> registrationCalls_ = 0;
+  std::atomic<int> unregistrationCalls_ = 0;
+  std::atomic<int> copies_ = 0;
 };
 
 class FakeFavorites : public ABFavorites {

@@ -4,12 +4,15 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/Host.h"
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/addressbook/ABFavorites.h"
 #include "platform/addressbook/ABPhoneFormatting.h"
 #include "platform/chatkit/CKConversationList.h"
+#include "platform/foundation/Dispatch.h"
 
 namespace zephyl::linux_host {
 
@@ -24,8 +27,27 @@ class EmptyConversationList : public CKConversationList {
 
 class EmptyAddressBook : public ABAddressBook {
  public:
+  ABAuthorizationStatus authorizationStatus() override {
+    return ABAuthorizationStatus::kAuthorized;
+  }
+  void requestAccessWithCompletion(AccessCompletion completion) override {
+    host().dispatch().globalAsync(QueuePriority::kDefault, [completion = std::move(completion)] {
+      completion(/*granted=*/true, nullptr);
+    });
+  }
   std::vector<ABPersonRef> copyArrayOfAllPeople() override { return {}; }
   ABPersonRef personWithRecordID(std::int32_t /*recordID*/) override { return nullptr; }
+  ABPersonSortOrdering personGetSortOrdering() override {
+    return ABPersonSortOrdering::kByLastName;
+  }
+  ABPersonRef addPerson(const ABPerson& /*person*/, NSError& error) override {
+    error = NSError(ABAddressBookErrorDomain, kABOperationNotPermittedByUserError);
+    return nullptr;
+  }
+  void registerExternalChangeCallback(ABExternalChangeCallback /*callback*/,
+                                      void* /*context*/) override {}
+  void unregisterExternalChangeCallback(ABExternalChangeCallback /*callback*/,
+                                        void* /*context*/) override {}
 };
 
 class NoFavorites : public ABFavorites {
