@@ -1,0 +1,132 @@
+#include "contacts/APContact.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "platform/addressbook/ABLabels.h"
+
+namespace zephyl {
+
+namespace {
+
+std::vector<std::string> arrayProperty(const std::vector<ABLabeledText>& values) {
+  std::vector<std::string> texts;
+  texts.reserve(values.size());
+  for (const ABLabeledText& value : values) {
+    texts.push_back(value.value);
+  }
+  return texts;
+}
+
+std::string digitsOf(const std::string& phone) {
+  std::string digits;
+  std::copy_if(phone.begin(), phone.end(), std::back_inserter(digits),
+               [](char each) { return each >= '0' && each <= '9'; });
+  return digits;
+}
+
+std::optional<Date> dateOf(const std::optional<double>& secondsSince1970) {
+  return secondsSince1970 ? std::optional(Date::since1970(*secondsSince1970)) : std::nullopt;
+}
+
+}  // namespace
+
+UIImageRef APContact::Picture::image() const {
+  std::call_once(once_, [this] {
+    const ABImageData data = loader_ ? loader_() : nullptr;
+    if (data != nullptr) {
+      image_ = UIImage::imageWithData(*data);
+    }
+  });
+  return image_;
+}
+
+APContactRef APContact::initWithRecordRef(const ABPersonRef& record, APContactField fieldMask) {
+  return APContactRef(new APContact(record, fieldMask));
+}
+
+APContact::APContact(ABPersonRef record, APContactField fieldMask)
+    : record_(std::move(record)), fieldMask_(fieldMask) {
+  if (record_ != nullptr) {
+    readNames(*record_);
+    readLists(*record_);
+    readNumbers(*record_);
+  }
+}
+
+void APContact::readNames(const ABPerson& person) {
+  const auto read = [this](APContactField field, std::string& name, const std::string& value) {
+    if (reads(field)) {
+      name = value;
+    }
+  };
+  read(APContactFieldFirstName, firstName_, person.firstName);
+  read(APContactFieldMiddleName, middleName_, person.middleName);
+  read(APContactFieldLastName, lastName_, person.lastName);
+  read(APContactFieldCompany, company_, person.organization);
+  read(APContactFieldCompositeName, compositeName_, person.compositeName.value_or(std::string()));
+}
+
+void APContact::readLists(const ABPerson& person) {
+  if (reads(APContactFieldPhones)) {
+    phones_ = arrayProperty(person.phones);
+  }
+  if (reads(APContactFieldEmails)) {
+    emails_ = arrayProperty(person.emails);
+  }
+  if (reads(APContactFieldPhonesWithLabels)) {
+    phonesWithLabels_.reserve(person.phones.size());
+    for (const ABLabeledText& phone : person.phones) {
+      phonesWithLabels_.push_back({phone.value, ABAddressBookCopyLocalizedLabel(phone.label)});
+    }
+  }
+  if (reads(APContactFieldAddresses)) {
+    addresses_.reserve(person.addresses.size());
+    for (const ABAddress& each : person.addresses) {
+      addresses_.push_back(
+          {each.street, each.city, each.state, each.zip, each.country, each.countryCode});
+    }
+  }
+  if (reads(APContactFieldSocialProfiles)) {
+    socialProfiles_.reserve(person.socialProfiles.size());
+    for (const ABSocialProfile& each : person.socialProfiles) {
+      socialProfiles_.push_back(APSocialProfile::initWithSocialDictionary(each));
+    }
+  }
+}
+
+void APContact::readNumbers(const ABPerson& person) {
+  if (reads(APContactFieldRecordID)) {
+    recordID_ = person.recordID;
+  }
+  if (reads(APContactFieldCreationDate)) {
+    creationDate_ = dateOf(person.creationDate);
+  }
+  if (reads(APContactFieldModificationDate)) {
+    modificationDate_ = dateOf(person.modificationDate);
+  }
+  if (reads(APContactFieldPhoto)) {
+    photo_.setLoader(person.fullSizeImage);
+  }
+  if (reads(APContactFieldThumbnail)) {
+    thumbnail_.setLoader(person.thumbnailImage);
+  }
+}
+
+const std::string& APContact::firstNameOrCompositeName() const {
+  return firstName_.empty() ? compositeName_ : firstName_;
+}
+
+const std::string& APContact::lastNameOrCompositeName() const {
+  return lastName_.empty() ? compositeName_ : lastName_;
+}
+
+std::vector<std::string> APContact::sanitizedPhones() const {
+  std::vector<std::string> digits;
+  digits.reserve(phones_.size());
+  std::transform(phones_.begin(), phones_.end(), std::back_inserter(digits), digitsOf);
+  return digits;
+}
+
+}  // namespace zephyl

@@ -1,0 +1,113 @@
+// A person of the address book with the fields that were asked for. Never changes once it is made;
+// any thread.
+//
+// A text that is empty, and a date or number that is absent, is not there: the person has none, or
+// it was not asked for. Lists are the same then: empty.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Export.h"
+#include "platform/addressbook/ABPerson.h"
+#include "platform/foundation/Value.h"
+#include "platform/uikit/UIImage.h"
+
+#include "contacts/APAddress.h"
+#include "contacts/APContactField.h"
+#include "contacts/APPhoneWithLabel.h"
+#include "contacts/APSocialProfile.h"
+
+namespace zephyl {
+
+class APContact;
+using APContactRef = std::shared_ptr<const APContact>;
+using APContactArray = std::vector<APContactRef>;
+
+class ZP_EXPORT APContact {
+ public:
+  // Reads the fields of the mask. Pictures are fetched when they are first asked for.
+  [[nodiscard]] static APContactRef initWithRecordRef(const ABPersonRef& record,
+                                                      APContactField fieldMask);
+
+  APContact(const APContact&) = delete;
+  APContact& operator=(const APContact&) = delete;
+
+  [[nodiscard]] APContactField fieldMask() const { return fieldMask_; }
+
+  [[nodiscard]] const std::string& firstName() const { return firstName_; }
+  [[nodiscard]] const std::string& middleName() const { return middleName_; }
+  [[nodiscard]] const std::string& lastName() const { return lastName_; }
+  [[nodiscard]] const std::string& company() const { return company_; }
+  [[nodiscard]] const std::string& compositeName() const { return compositeName_; }
+  [[nodiscard]] const std::vector<std::string>& phones() const { return phones_; }
+  [[nodiscard]] const std::vector<APPhoneWithLabel>& phonesWithLabels() const {
+    return phonesWithLabels_;
+  }
+  [[nodiscard]] const std::vector<std::string>& emails() const { return emails_; }
+  [[nodiscard]] const std::vector<APAddress>& addresses() const { return addresses_; }
+  [[nodiscard]] const std::vector<APSocialProfile>& socialProfiles() const {
+    return socialProfiles_;
+  }
+  [[nodiscard]] const std::optional<std::int32_t>& recordID() const { return recordID_; }
+  [[nodiscard]] const std::optional<Date>& creationDate() const { return creationDate_; }
+  [[nodiscard]] const std::optional<Date>& modificationDate() const { return modificationDate_; }
+  // Null without a picture. Both take the file as it is; it need not be one that can be drawn.
+  [[nodiscard]] UIImageRef photo() const { return photo_.image(); }
+  [[nodiscard]] UIImageRef thumbnail() const { return thumbnail_.image(); }
+
+  // The name, else the name of the whole person.
+  [[nodiscard]] const std::string& firstNameOrCompositeName() const;
+  [[nodiscard]] const std::string& lastNameOrCompositeName() const;
+  // The phones without all that is none of the digits 0 to 9, in their order.
+  [[nodiscard]] std::vector<std::string> sanitizedPhones() const;
+  // Null: the address book's links between cards are not read.
+  [[nodiscard]] const APContactArray* linkedContacts() const { return nullptr; }
+
+  // What it was made from.
+  [[nodiscard]] const ABPersonRef& record() const { return record_; }
+
+ private:
+  class Picture {
+   public:
+    void setLoader(ABImageLoader loader) { loader_ = std::move(loader); }
+    [[nodiscard]] UIImageRef image() const;
+
+   private:
+    ABImageLoader loader_;
+    mutable std::once_flag once_;
+    mutable UIImageRef image_;
+  };
+
+  APContact(ABPersonRef record, APContactField fieldMask);
+
+  void readNames(const ABPerson& person);
+  void readLists(const ABPerson& person);
+  void readNumbers(const ABPerson& person);
+  [[nodiscard]] bool reads(APContactField field) const { return (fieldMask_ & field) != 0; }
+
+  ABPersonRef record_;
+  APContactField fieldMask_;
+  std::string firstName_;
+  std::string middleName_;
+  std::string lastName_;
+  std::string company_;
+  std::string compositeName_;
+  std::vector<std::string> phones_;
+  std::vector<APPhoneWithLabel> phonesWithLabels_;
+  std::vector<std::string> emails_;
+  std::vector<APAddress> addresses_;
+  std::vector<APSocialProfile> socialProfiles_;
+  std::optional<std::int32_t> recordID_;
+  std::optional<Date> creationDate_;
+  std::optional<Date> modificationDate_;
+  Picture photo_;
+  Picture thumbnail_;
+};
+
+}  // namespace zephyl
