@@ -17,6 +17,7 @@ class AudioServices;
 class CKConversationList;
 class CPDistributedMessagingCenter;
 class Clock;
+class Collation;
 class DarwinNotificationCenter;
 class Dispatch;
 class LAContext;
@@ -35,6 +36,7 @@ class Host {
   [[nodiscard]] virtual NSFileManager& files() = 0;
   [[nodiscard]] virtual NSUserDefaults& userDefaults() = 0;
   [[nodiscard]] virtual Clock& clock() = 0;
+  [[nodiscard]] virtual Collation& collation() = 0;
   [[nodiscard]] virtual Dispatch& dispatch() = 0;
   [[nodiscard]] virtual SystemLog& systemLog() = 0;
   [[nodiscard]] virtual DarwinNotificationCenter& darwinNotifications() = 0;

@@ -8,6 +8,7 @@
 #include "platform/Host.h"
 
 #include "hosts/fake/FakeAuthentication.h"
+#include "hosts/fake/FakeCollation.h"
 #include "hosts/fake/FakeConversationList.h"
 #include "hosts/fake/FakeDispatch.h"
 #include "hosts/fake/FakeFiles.h"
@@ -30,6 +31,7 @@ class Device : public Host {
   FakeFiles& files() override { return files_; }
   FakeUserDefaults& userDefaults() override { return userDefaults_; }
   FakeClock& clock() override { return clock_; }
+  FakeCollation& collation() override { return collation_; }
   FakeDispatch& dispatch() override { return dispatch_; }
   FakeSystemLog& systemLog() override { return systemLog_; }
   FakeNotifications& darwinNotifications() override { return notifications_; }
@@ -62,6 +64,7 @@ class Device : public Host {
   FakeFiles files_{systemLog_};
   FakeUserDefaults userDefaults_;
   FakeClock clock_;
+  FakeCollation collation_;
   FakeDispatch dispatch_;
   FakeNotifications notifications_{dispatch_};
   FakeProcessInfo processInfo_;

@@ -14,6 +14,7 @@
 #include "hosts/linux/LinuxUIDevice.h"
 #include "hosts/linux/LinuxUserDefaults.h"
 #include "hosts/linux/LinuxVibration.h"
+#include "hosts/linux/contacts/LinuxCollation.h"
 
 namespace zephyl::linux_host {
 
@@ -53,6 +54,7 @@ struct LinuxDevice::Parts {
       : root(options.deviceRoot, options.overlay),
         ownedLog(std::move(options.systemLog)),
         log(*ownedLog),
+        collation(options.languages),
         files(root, log, clock, std::move(options.needsCopyBeforeOverwrite),
               std::move(options.safety)),
         userDefaults(root, log, clock, options.bundleIdentifier),
@@ -77,6 +79,7 @@ struct LinuxDevice::Parts {
   std::unique_ptr<SystemLog> ownedLog;
   SystemLog& log;
   LinuxClock clock;
+  LinuxCollation collation;
   LinuxDispatch dispatch;
   LinuxFiles files;
   LinuxUserDefaults userDefaults;
@@ -114,6 +117,10 @@ NSUserDefaults& LinuxDevice::userDefaults() {
 
 Clock& LinuxDevice::clock() {
   return parts_->clock;
+}
+
+Collation& LinuxDevice::collation() {
+  return parts_->collation;
 }
 
 Dispatch& LinuxDevice::dispatch() {

@@ -85,6 +85,7 @@ class LinuxDevice : public Host {
   NSFileManager& files() override;
   NSUserDefaults& userDefaults() override;
   Clock& clock() override;
+  Collation& collation() override;
   Dispatch& dispatch() override;
   SystemLog& systemLog() override;
   DarwinNotificationCenter& darwinNotifications() override;
