@@ -1,6 +1,5 @@
-// The rows of the list of groups, what a tap on one does, and when the list is made anew.
+// The rows of the list of groups, and what a tap on one does.
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -240,89 +239,6 @@ TEST_F(GroupListTableTest, AListThatIsClosedDuringACheckDoesNothing) {
   device_.authentication().answer(/*success=*/true);
   settle();
   EXPECT_TRUE(log_.empty());
-}
-
-TEST_F(GroupListTableTest, EveryNotificationMakesTheListAnew) {
-  startSome();
-  present(ZephylsModeBrowse);
-  for (const char* name :
-       {"com.vantor.ZephylAddedNotification", "com.vantor.ZephylChangedNotification",
-        "com.vantor.ZephylDeletedNotification", "com.vantor.ZephylDataUpdateNotification",
-        "com.vantor.ZephylsSettingsChangedNotification"}) {
-    const std::string title = std::string("New ") + name;
-    store()->allZephyls()->append({std::make_shared<Zephyl>(
-        static_cast<Dictionary>(GroupBuilder(store()->allZephyls()->size() + 10, title)))});
-    NSNotificationCenter::defaultCenter()->postNotificationName(name);
-    EXPECT_EQ(device_.dispatch().waitingGlobal(QueuePriority::kDefault), 1U) << name;
-    settle();
-    const Words shown = titles(1);
-    EXPECT_NE(std::find(shown.begin(), shown.end(), title), shown.end()) << name;
-  }
-}
-
-TEST_F(GroupListTableTest, NotificationsInARowEachMakeTheListAnew) {
-  startSome();
-  present(ZephylsModeBrowse);
-  for (int count = 0; count < 3; ++count) {
-    store()->updateUnreadMessageCountForZephyls();
-  }
-  EXPECT_EQ(device_.dispatch().waitingGlobal(QueuePriority::kDefault), 3U);
-}
-
-// What a tap means is the row that is seen, also while the store has changed already.
-TEST_F(GroupListTableTest, RowsStandForWhatIsSeenUntilTheListIsShownAnew) {
-  startSome();
-  listen();
-  present(ZephylsModeBrowse);
-  store()->allZephyls()->removeAt(1);
-  screen_->updateTableView();
-  device_.dispatch().runGlobal();
-  touchRow({1, 1});
-  EXPECT_EQ(log_, Words{"select Work"});
-  settle();
-  EXPECT_EQ(titles(1), (Words{"Work", "Zoo"}));
-}
-
-TEST_F(GroupListTableTest, AListThatWasBegunEarlierDoesNotReplaceALaterOne) {
-  startSome();
-  present(ZephylsModeBrowse);
-  screen_->updateTableView();
-  device_.dispatch().runGlobal();
-  store()->allZephyls()->removeAt(2);
-  screen_->updateTableView();
-  device_.dispatch().runGlobal();
-  settle();
-  EXPECT_EQ(titles(1), (Words{"Active", "Zoo"}));
-}
-
-TEST_F(GroupListTableTest, AListThatHasGoneIsNotMadeAnew) {
-  startSome();
-  present(ZephylsModeBrowse);
-  const std::weak_ptr<ZephylsViewController> gone = screen_;
-  screen_->updateTableView();
-  below_->dismissViewControllerAnimated(/*animated=*/false);
-  animate();
-  screen_ = nullptr;
-  EXPECT_TRUE(gone.expired());
-  settle();
-  store()->updateUnreadMessageCountForZephyls();
-  EXPECT_EQ(device_.dispatch().waitingGlobal(), 0U);
-}
-
-TEST_F(GroupListTableTest, OfTenThousandGroupsOnlyThoseThatAreSeenAreCells) {
-  Array groups;
-  for (int number = 1; number <= 10'000; ++number) {
-    groups.push_back(GroupBuilder(number, "Group " + std::to_string(number)));
-  }
-  start("14.0", groups);
-  present(ZephylsModeManage);
-  EXPECT_EQ(table().numberOfRowsInSection(0), 10'000);
-  EXPECT_LT(test::viewsOf<ZephylsManageTableViewCell>(table()).size(), 30U);
-  table().scrollToRowAtIndexPath({0, 9'999}, UITableViewScrollPosition::kBottom,
-                                 /*animated=*/false);
-  settle();
-  EXPECT_EQ(titleOf({0, 9'999}), "Group 9999");
-  EXPECT_LT(test::viewsOf<ZephylsManageTableViewCell>(table()).size(), 40U);
 }
 
 }  // namespace
