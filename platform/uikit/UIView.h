@@ -86,6 +86,10 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   [[nodiscard]] const std::shared_ptr<CALayer>& layer() const { return layer_; }
   [[nodiscard]] UIColor backgroundColor() const { return layer_->state().backgroundColor; }
   virtual void setBackgroundColor(const UIColor& color);
+  // For rows, which clear the backgrounds in them for a while: what was put aside comes back,
+  // unless the background was set meanwhile, to clear too.
+  void putBackgroundAside();
+  void restoreBackground();
   [[nodiscard]] CGFloat alpha() const { return layer_->state().opacity; }
   void setAlpha(CGFloat alpha);
   [[nodiscard]] bool isHidden() const { return layer_->isHidden(); }
@@ -171,6 +175,7 @@ class ZP_EXPORT UIView : public std::enable_shared_from_this<UIView>,
   std::vector<std::shared_ptr<UIGestureRecognizer>> gestureRecognizers_;
   std::map<const void*, std::shared_ptr<void>> associatedObjects_;
   std::unique_ptr<UIColor> tintColor_;
+  std::unique_ptr<UIColor> backgroundAside_;
   UIViewController* viewController_ = nullptr;
   std::int64_t tag_ = 0;
   unsigned autoresizingMask_ = 0;

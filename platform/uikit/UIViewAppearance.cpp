@@ -5,7 +5,19 @@
 namespace zephyl {
 
 void UIView::setBackgroundColor(const UIColor& color) {
+  backgroundAside_ = nullptr;
   layer_->setBackgroundColor(color);
+}
+
+void UIView::putBackgroundAside() {
+  backgroundAside_ = std::make_unique<UIColor>(backgroundColor());
+  layer_->setBackgroundColor(UIColor::clearColor());
+}
+
+void UIView::restoreBackground() {
+  if (const auto aside = std::exchange(backgroundAside_, nullptr)) {
+    layer_->setBackgroundColor(*aside);
+  }
 }
 
 void UIView::setAlpha(CGFloat alpha) {

@@ -213,19 +213,17 @@ void UITableViewCell::clearBackgrounds() {
       continue;
     }
     left.insert(left.end(), view->subviews().begin(), view->subviews().end());
-    const UIColor color = view->backgroundColor();
-    if (color != UIColor::clearColor()) {
-      cleared_.emplace_back(view, color);
-      view->setBackgroundColor(UIColor::clearColor());
+    if (view->backgroundColor() != UIColor::clearColor()) {
+      cleared_.emplace_back(view);
+      view->putBackgroundAside();
     }
   }
 }
 
 void UITableViewCell::restoreBackgrounds() {
-  for (const auto& [weak, color] : std::exchange(cleared_, {})) {
-    const auto view = weak.lock();
-    if (view != nullptr && view->backgroundColor() == UIColor::clearColor()) {
-      view->setBackgroundColor(color);
+  for (const auto& weak : std::exchange(cleared_, {})) {
+    if (const auto view = weak.lock()) {
+      view->restoreBackground();
     }
   }
 }

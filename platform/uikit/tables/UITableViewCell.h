@@ -2,7 +2,8 @@
 // side, and what editing adds. Main thread.
 //
 // Highlighted or selected it has a grey background, and every view in it, controls apart, has a
-// clear one until that ends: the platform does so, and cells that colour a view paint it again.
+// clear one until that ends: the platform does so, and cells that colour a view paint it again. A
+// background that is set meanwhile stays.
 
 #pragma once
 
@@ -136,8 +137,8 @@ class ZP_EXPORT UITableViewCell : public UIView {
   std::shared_ptr<TableDeleteButton> deleteButton_;
   std::shared_ptr<UIView> topSeparator_;
   std::shared_ptr<UIView> bottomSeparator_;
-  // What was cleared, and is put back where it still is clear.
-  std::vector<std::pair<std::weak_ptr<UIView>, UIColor>> cleared_;
+  // The views whose backgrounds were put aside.
+  std::vector<std::weak_ptr<UIView>> cleared_;
   Actions actions_;
   Surroundings surroundings_;
   std::unique_ptr<UIColor> ownBackground_;

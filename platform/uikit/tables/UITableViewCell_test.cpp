@@ -173,6 +173,27 @@ TEST_F(UITableViewCellTest, AHighlightClearsTheBackgroundsInTheRowAndPutsThemBac
   EXPECT_EQ(inner->backgroundColor(), UIColor::greenColor());
 }
 
+TEST_F(UITableViewCellTest, ABackgroundThatIsSetDuringASelectionStays) {
+  const auto cell = show(UITableViewCellStyle::kDefault, "Work");
+  const auto cleared = std::make_shared<UIView>();
+  const auto untouched = std::make_shared<UIView>();
+  cell->contentView()->addSubview(cleared);
+  cell->contentView()->addSubview(untouched);
+  cleared->setBackgroundColor(UIColor::redColor());
+  untouched->setBackgroundColor(UIColor::redColor());
+  cell->setSelected(true, false);
+  // Filled anew with what has no colour: the value that it holds already.
+  cleared->setBackgroundColor(UIColor::clearColor());
+  cell->setSelected(false, false);
+  EXPECT_EQ(cleared->backgroundColor(), UIColor::clearColor());
+  EXPECT_EQ(untouched->backgroundColor(), UIColor::redColor());
+  // Nothing is left over from one selection for the next.
+  cell->setSelected(true, false);
+  cell->setSelected(false, false);
+  EXPECT_EQ(cleared->backgroundColor(), UIColor::clearColor());
+  EXPECT_EQ(untouched->backgroundColor(), UIColor::redColor());
+}
+
 TEST_F(UITableViewCellTest, ARowThatShowsNoSelectionKeepsItsBackgrounds) {
   const auto cell = show(UITableViewCellStyle::kDefault, "Work");
   cell->contentView()->setBackgroundColor(UIColor::redColor());
