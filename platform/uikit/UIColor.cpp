@@ -52,8 +52,8 @@ UIColor UIColor::colorWithWhite(CGFloat white, CGFloat alpha) {
 UIColor UIColor::colorWithHue(CGFloat hue, CGFloat saturation, CGFloat brightness, CGFloat alpha) {
   const CGFloat turn = fraction(hue) * 6;
   const int sector = static_cast<int>(turn);
-  const CGFloat s = fraction(saturation);
-  const CGFloat v = fraction(brightness);
+  const CGFloat s = finite(saturation);
+  const CGFloat v = finite(brightness);
   const CGFloat part = turn - sector;
   const CGFloat low = v * (1 - s);
   const CGFloat falling = v * (1 - s * part);
@@ -93,7 +93,7 @@ UIColor::HueChannels UIColor::hueChannels() const {
                           finite(given.alpha)};
   const auto [smallest, largest] = std::minmax({color.red, color.green, color.blue});
   const CGFloat range = largest - smallest;
-  return {hueOf(color, largest, range), largest > 0 ? range / largest : 0, largest, color.alpha};
+  return {hueOf(color, largest, range), largest != 0 ? range / largest : 0, largest, color.alpha};
 }
 
 UIColor UIColor::colorWithAlphaComponent(CGFloat alpha) const {

@@ -40,7 +40,8 @@ class ZP_EXPORT UIColor {
   [[nodiscard]] static UIColor colorWithRed(CGFloat red, CGFloat green, CGFloat blue,
                                             CGFloat alpha);
   [[nodiscard]] static UIColor colorWithWhite(CGFloat white, CGFloat alpha);
-  // The hexcone model. Hue and the other two are clamped to 0 to 1 first.
+  // The hexcone model. Hue is clamped to 0 to 1; the other two are not, so that a colour with
+  // channels out of range comes back from `hueChannels` as it was.
   [[nodiscard]] static UIColor colorWithHue(CGFloat hue, CGFloat saturation, CGFloat brightness,
                                             CGFloat alpha);
   [[nodiscard]] static UIColor dynamic(const UIColor& light, const UIColor& dark);

@@ -87,9 +87,10 @@ TEST_F(UIColorTest, SaturationAndBrightnessPullTowardsWhiteAndBlack) {
   EXPECT_EQ(UIColor::colorWithHue(0.25, 1, 1, 1).channels(), (Channels{0.5, 1, 0, 1}));
 }
 
-TEST_F(UIColorTest, HueSaturationAndBrightnessAreClamped) {
+TEST_F(UIColorTest, HueIsClampedSaturationAndBrightnessAreNot) {
   constexpr CGFloat kNaN = std::numeric_limits<CGFloat>::quiet_NaN();
-  EXPECT_EQ(UIColor::colorWithHue(7, 3, 9, 1).channels(), (Channels{1, 0, 0, 1}));
+  EXPECT_EQ(UIColor::colorWithHue(7, 3, 9, 1).channels(), (Channels{9, -18, -18, 1}));
+  EXPECT_EQ(UIColor::colorWithHue(0, -1, 0.5, 1).channels(), (Channels{0.5, 1, 1, 1}));
   EXPECT_EQ(UIColor::colorWithHue(-7, 1, 1, 1).channels(), (Channels{1, 0, 0, 1}));
   EXPECT_EQ(UIColor::colorWithHue(kNaN, kNaN, kNaN, 1).channels(), (Channels{0, 0, 0, 1}));
 }

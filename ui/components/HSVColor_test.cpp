@@ -57,5 +57,17 @@ TEST(HSVColorTest, AColorSurvivesTheWayThereAndBack) {
   }
 }
 
+TEST(HSVColorTest, ChannelsBeyondTheRangeSurviveTheWayThereAndBack) {
+  const UIColor::Channels colors[] = {
+      {1.5, 0.5, 0.25, 1}, {1, -0.5, 0, 1}, {-0.25, 2, 3, 1}, {-0.5, -1, -0.75, 1}};
+  for (const UIColor::Channels& color : colors) {
+    const HSVColor hsv = hsvOf(color.red, color.green, color.blue);
+    const auto back = UIColor::colorWithHue(hsv.h, hsv.s, hsv.v, 1).channels();
+    EXPECT_NEAR(back.red, color.red, 1e-12);
+    EXPECT_NEAR(back.green, color.green, 1e-12);
+    EXPECT_NEAR(back.blue, color.blue, 1e-12);
+  }
+}
+
 }  // namespace
 }  // namespace zephyl
