@@ -106,6 +106,29 @@ TEST_F(HRBrightnessSliderTest, GradientRunsFromFullBrightnessToTheLimit) {
   EXPECT_EQ(bar().colors(), expected);
 }
 
+// A brightness above 1 is that of a colour out of range.
+TEST_F(HRBrightnessSliderTest, CursorStaysWhereItIsForABrightnessBeyondTheLeftEnd) {
+  slider_->setColor(UIColor::colorWithHue(0.5, 1, 0.75, 1));
+  slider_->setColor(UIColor::colorWithRed(1.5, 0, 0, 1));
+  EXPECT_EQ(slider_->brightness(), 1.5);
+  EXPECT_EQ(cursor().center(), (CGPoint{53, 15.5}));
+  slider_->setColor(UIColor::colorWithRed(1, 0, 0, 1));
+  EXPECT_EQ(cursor().center(), (CGPoint{28, 15.5}));
+}
+
+TEST_F(HRBrightnessSliderTest, LimitThatIsSetAfterTheColourIsAppliedToIt) {
+  const UIColor color = UIColor::colorWithHue(0.5, 1, 0.75, 1);
+  slider_->setColor(color);
+  slider_->setBrightnessLowerLimit(0.5);
+  EXPECT_EQ(slider_->color(), color);
+  EXPECT_EQ(bar().colors().back(), UIColor::colorWithHue(0.5, 1, 0.5, 1));
+  EXPECT_EQ(cursor().center(), (CGPoint{78, 15.5}));
+  // Kept: it limits what is chosen, not what is set.
+  slider_->setBrightnessLowerLimit(0.9);
+  EXPECT_EQ(slider_->brightness(), 0.75);
+  EXPECT_EQ(slider_->color(), color);
+}
+
 TEST_F(HRBrightnessSliderTest, FingerDragsTheCursor) {
   test::touch(*window_, UITouchPhase::kBegan, {28, 115});
   test::touch(*window_, UITouchPhase::kMoved, {40, 115});

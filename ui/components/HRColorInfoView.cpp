@@ -38,7 +38,8 @@ HRColorInfoView::HRColorInfoView(const CGRect& frame)
 HRColorInfoView::~HRColorInfoView() = default;
 
 void HRColorInfoView::setColor(const UIColor& color) {
-  if (color_ == color) {
+  // The first one may be the colour that a new view has: its text is still to come.
+  if (color_ == color && !label_->text().empty()) {
     return;
   }
   color_ = color;

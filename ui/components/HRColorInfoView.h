@@ -21,6 +21,7 @@ class ZP_EXPORT HRColorInfoView : public UIView {
   explicit HRColorInfoView(const CGRect& frame = {});
   ~HRColorInfoView() override;
 
+  // Clear, and without a text, until one is set.
   [[nodiscard]] const UIColor& color() const { return color_; }
   void setColor(const UIColor& color);
   [[nodiscard]] const std::shared_ptr<UILabel>& hexColorLabel() const { return label_; }

@@ -94,9 +94,8 @@ void HRColorMapView::update(CGPoint location) {
   const auto row = static_cast<double>(integerPart(location.y / tileSize_));
   // A single row has the whole saturation, as in the picture.
   const double fallen = tiles.rows > 1 ? row / (tiles.rows - 1) * limit_ : 0;
-  hsv_ = {column / tiles.columns, std::clamp(1 - fallen, 0.0, 1.0), brightness_};
-  color_ = UIColor::colorWithHue(hsv_.h, hsv_.s, hsv_.v, 1);
-  updateCursor();
+  setColor(UIColor::colorWithHue(column / tiles.columns, std::clamp(1 - fallen, 0.0, 1.0),
+                                 brightness_, 1));
   sendActionsForControlEvents(kValueChanged);
 }
 

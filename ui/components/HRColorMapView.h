@@ -31,11 +31,10 @@ class ZP_EXPORT HRColorMapView : public UIControl {
                                                         double saturationUpperLimit);
   [[nodiscard]] static UIImageRef backgroundImageWithSize(CGSize size, CGFloat tileSize);
 
-  // Moves the cursor.
+  // Moves the cursor. Kept: to where this colour is, also when the user picks it: white and black
+  // have no hue, so that the cursor leaves the finger there.
   [[nodiscard]] const UIColor& color() const { return color_; }
   void setColor(const UIColor& color);
-  // The colour as it was picked: without brightness, `color` has lost its hue.
-  [[nodiscard]] const HSVColor& hsvColor() const { return hsv_; }
   // At once, inside an animation too.
   [[nodiscard]] double brightness() const { return brightness_; }
   void setBrightness(double brightness);
@@ -47,6 +46,9 @@ class ZP_EXPORT HRColorMapView : public UIControl {
 
   // Picks what is at the place; nothing for one outside the bounds.
   void update(CGPoint location);
+
+  // Makes the pictures. Suspended until the first layout asks for some.
+  [[nodiscard]] const NSOperationQueue& imageQueue() const { return images_; }
 
   void layoutSubviews() override;
   // The whole tiles that are in the frame.

@@ -66,6 +66,17 @@ TEST_F(HRColorMapViewTest, ShowsNothingUntilItsImagesAreThereAndThenFadesIn) {
   EXPECT_EQ(map_->layer()->presentation().opacity, 1);
 }
 
+// Nothing is made before the map has a size.
+TEST_F(HRColorMapViewTest, ImagesWaitInASuspendedQueueUntilTheFirstLayout) {
+  const auto map = std::make_shared<HRColorMapView>();
+  EXPECT_TRUE(map->imageQueue().isSuspended());
+  device_.dispatch().runAll();
+  window_->addSubview(map);
+  EXPECT_TRUE(map->imageQueue().isSuspended());
+  window_->layoutWindow();
+  EXPECT_FALSE(map->imageQueue().isSuspended());
+}
+
 TEST_F(HRColorMapViewTest, MapMayEndWhileItsImagesAreMade) {
   window_ = nullptr;
   map_ = nullptr;
@@ -118,7 +129,6 @@ TEST_F(HRColorMapViewTest, BrightnessIsTheOpacityOfTheMapAtOnce) {
 TEST_F(HRColorMapViewTest, TouchPicksTheColourOfItsTile) {
   map_->setBrightness(0.8);
   map_->update({65, 29});
-  EXPECT_EQ(map_->hsvColor(), (HSVColor{0.5, 0.5, 0.8}));
   EXPECT_EQ(map_->color(), UIColor::colorWithHue(0.5, 0.5, 0.8, 1));
   EXPECT_EQ(cursorPlace(), (CGPoint{60, 20}));
   EXPECT_EQ(changes_, 1);
@@ -130,6 +140,43 @@ TEST_F(HRColorMapViewTest, BottomRowWithLimitOneIsWhite) {
   EXPECT_EQ(map_->color(), UIColor::colorWithRed(1, 1, 1, 1));
 }
 
+TEST_F(HRColorMapViewTest, SaturationFallsToWhatTheLimitLeaves) {
+  map_->setSaturationUpperLimit(0.5);
+  map_->setBrightness(1);
+  map_->update({5, 25});
+  EXPECT_EQ(map_->color(), UIColor::colorWithHue(0, 0.75, 1, 1));
+  EXPECT_EQ(cursorPlace(), (CGPoint{0, 20}));
+  map_->update({5, 45});
+  EXPECT_EQ(map_->color(), UIColor::colorWithHue(0, 0.5, 1, 1));
+  EXPECT_EQ(cursorPlace(), (CGPoint{0, 40}));
+}
+
+// 12 columns of hue, 5 rows from saturation 1 to 0.5.
+TEST_F(HRColorMapViewTest, CursorStandsInTheTileWhoseColourIsNearest) {
+  map_->setSaturationUpperLimit(0.5);
+  const auto place = [this](double hue, double saturation) {
+    map_->setColor(UIColor::colorWithHue(hue, saturation, 1, 1));
+    return cursorPlace();
+  };
+  EXPECT_EQ(place(3.49 / 12, 1), (CGPoint{30, 0}));
+  EXPECT_EQ(place(3.51 / 12, 1), (CGPoint{40, 0}));
+  EXPECT_EQ(place(0, 1 - 1.49 / 8), (CGPoint{0, 10}));
+  EXPECT_EQ(place(0, 1 - 1.51 / 8), (CGPoint{0, 20}));
+}
+
+// Kept: the cursor goes where the colour is, and white and black have no hue.
+TEST_F(HRColorMapViewTest, CursorLeavesTheFingerWhereWhiteOrBlackIsPicked) {
+  map_->setBrightness(1);
+  map_->update({65, 49});
+  EXPECT_EQ(map_->color(), UIColor::colorWithRed(1, 1, 1, 1));
+  EXPECT_EQ(cursorPlace(), (CGPoint{0, 40}));
+  map_->setBrightness(0);
+  map_->update({65, 5});
+  EXPECT_EQ(map_->color(), UIColor::colorWithRed(0, 0, 0, 1));
+  EXPECT_EQ(cursorPlace(), (CGPoint{0, 40}));
+  EXPECT_EQ(map_->accessibilityValue(), "0\u00b0, 0 %");
+}
+
 TEST_F(HRColorMapViewTest, TouchOutsideIsIgnored) {
   map_->update({-1, 5});
   map_->update({5, 58});
@@ -137,7 +184,7 @@ TEST_F(HRColorMapViewTest, TouchOutsideIsIgnored) {
   EXPECT_EQ(changes_, 0);
   // Beside the last tile, and still in the view.
   map_->update({124, 5});
-  EXPECT_EQ(map_->hsvColor().h, 1);
+  EXPECT_EQ(map_->color(), UIColor::colorWithHue(1, 1, 0.5, 1));
   EXPECT_EQ(cursorPlace().x, 0);
 }
 
@@ -159,7 +206,7 @@ TEST_F(HRColorMapViewTest, LimitsOfOddKindsKeepTheCursorFinite) {
   EXPECT_EQ(cursorPlace(), (CGPoint{30, 0}));
   map_->setFrame(CGRectMake(0, 0, 120, 10));
   map_->update({5, 5});
-  EXPECT_EQ(map_->hsvColor().s, 1);
+  EXPECT_EQ(map_->color(), UIColor::colorWithHue(0, 1, 0.5, 1));
 }
 
 TEST_F(HRColorMapViewTest, TapCountsWhenItEnds) {
@@ -217,16 +264,6 @@ TEST_F(HRColorMapViewTest, ScreenReaderReadsAndAdjustsIt) {
   map_->setEnabled(false);
   map_->accessibilityDecrement();
   EXPECT_EQ(changes_, 1);
-}
-
-TEST_F(HRColorMapViewTest, CursorIsGreyOnPaleColours) {
-  map_->setColor(UIColor::colorWithHue(0.25, 0.39, 0.71, 1));
-  EXPECT_TRUE(cursor().isGrayCursor());
-  map_->setColor(UIColor::colorWithHue(0.25, 0.41, 0.71, 1));
-  EXPECT_FALSE(cursor().isGrayCursor());
-  map_->setColor(UIColor::colorWithHue(0.25, 0.39, 0.69, 1));
-  EXPECT_FALSE(cursor().isGrayCursor());
-  EXPECT_EQ(cursor().color(), map_->color());
 }
 
 }  // namespace

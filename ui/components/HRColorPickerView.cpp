@@ -36,6 +36,7 @@ UIColor HRColorPickerView::color() const {
 }
 
 void HRColorPickerView::setColor(const UIColor& color) {
+  hasColor_ = true;
   HSVColorFromUIColor(color, &hsv_);
   if (brightnessSlider_ != nullptr) {
     brightnessSlider_->setColor(color);
@@ -74,7 +75,9 @@ const std::shared_ptr<HRColorMapView>& HRColorPickerView::colorMapView() {
   if (colorMapView_ == nullptr) {
     colorMapView_ = std::make_shared<HRColorMapView>(CGRect(), kSaturationUpperLimit);
     colorMapView_->setTileSize(kTileSize);
-    colorMapView_->setBrightness(hsv_.v);
+    if (hasColor_) {
+      colorMapView_->setBrightness(hsv_.v);
+    }
     colorMapView_->setColor(color());
     colorMapView_->addTarget(
         weak_from_this(), [this](UIControl&) { colorMapChanged(); }, kValueChanged);
@@ -92,7 +95,9 @@ void HRColorPickerView::brightnessChanged() {
 }
 
 void HRColorPickerView::colorMapChanged() {
-  const HSVColor& picked = colorMapView_->hsvColor();
+  // Kept: what the map picks as white or black has lost its hue.
+  HSVColor picked;
+  HSVColorFromUIColor(colorMapView_->color(), &picked);
   hsv_.h = picked.h;
   hsv_.s = picked.s;
   brightnessSlider()->setColor(color());

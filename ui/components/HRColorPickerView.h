@@ -28,7 +28,8 @@ class ZP_EXPORT HRColorPickerView : public UIControl {
   [[nodiscard]] UIColor color() const;
   void setColor(const UIColor& color);
 
-  // Each made, and added, when it is first asked for: by the first layout at the latest.
+  // Each made, and added, when it is first asked for: by the first layout at the latest. Kept:
+  // until a colour is set the map has its own brightness, not that of the picker's black.
   [[nodiscard]] const std::shared_ptr<HRColorInfoView>& colorInfoView();
   [[nodiscard]] const std::shared_ptr<HRBrightnessSlider>& brightnessSlider();
   [[nodiscard]] const std::shared_ptr<HRColorMapView>& colorMapView();
@@ -46,6 +47,7 @@ class ZP_EXPORT HRColorPickerView : public UIControl {
   void report();
 
   HSVColor hsv_;
+  bool hasColor_ = false;
   std::shared_ptr<HRColorInfoView> colorInfoView_;
   std::shared_ptr<HRBrightnessSlider> brightnessSlider_;
   std::shared_ptr<HRColorMapView> colorMapView_;

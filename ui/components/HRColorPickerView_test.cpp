@@ -67,6 +67,18 @@ TEST_F(HRColorPickerViewTest, PassesItsColourOnToTheViewsThatAreThereAndThoseTha
   EXPECT_EQ(picker_->colorInfoView()->color(), other);
 }
 
+TEST_F(HRColorPickerViewTest, WithoutAColourTheMapKeepsTheBrightnessThatMapsBeginWith) {
+  EXPECT_EQ(map().brightness(), 0.5);
+  show();
+  EXPECT_EQ(map().brightness(), 0.5);
+  EXPECT_EQ(picker_->color(), UIColor::colorWithRed(0, 0, 0, 1));
+}
+
+TEST_F(HRColorPickerViewTest, BlackThatWasSetDarkensAMapThatComesLater) {
+  picker_->setColor(UIColor::blackColor());
+  EXPECT_EQ(map().brightness(), 0);
+}
+
 TEST_F(HRColorPickerViewTest, TallPickerHasItsMapAtTheBottom) {
   show();
   // 24 columns, and the 40 rows that 652 points have room for.
@@ -122,13 +134,15 @@ TEST_F(HRColorPickerViewTest, MapChangesHueAndSaturationOfAll) {
   EXPECT_EQ(reports_, 1);
 }
 
-TEST_F(HRColorPickerViewTest, MapKeepsItsHueWhereThereIsNoBrightness) {
+// Kept: the map tells its colour, and black has neither hue nor saturation.
+TEST_F(HRColorPickerViewTest, WhatIsPickedOnABlackMapIsBlack) {
   slider().setBrightnessLowerLimit(0);
+  picker_->setColor(UIColor::blackColor());
   show();
   map().update({12.5 * 16, 8});
   EXPECT_EQ(picker_->color(), UIColor::colorWithRed(0, 0, 0, 1));
   slider().pressesBegan({UIKey::kHome, ""});
-  EXPECT_EQ(picker_->color(), UIColor::colorWithHue(0.5, 1, 1, 1));
+  EXPECT_EQ(picker_->color(), UIColor::colorWithRed(1, 1, 1, 1));
 }
 
 TEST_F(HRColorPickerViewTest, ReportsAtMostAboutFifteenTimesASecond) {
@@ -139,7 +153,7 @@ TEST_F(HRColorPickerViewTest, ReportsAtMostAboutFifteenTimesASecond) {
   wait(0.066);
   map().update({40, 8});
   EXPECT_EQ(reports_, 1);
-  EXPECT_EQ(map().hsvColor().h, 2.0 / 24);
+  EXPECT_EQ(map().color(), UIColor::colorWithHue(2.0 / 24, 1, 0.5, 1));
   wait(0.001);
   slider().update({100, 8});
   EXPECT_EQ(reports_, 2);
@@ -160,24 +174,6 @@ TEST_F(HRColorPickerViewTest, ViewsThatOutliveThePickerTellItNothing) {
   picker_ = nullptr;
   map->update({8, 8});
   EXPECT_EQ(reports_, 0);
-}
-
-TEST_F(HRColorPickerViewTest, SwatchAndTextShowTheColour) {
-  const auto& info = picker_->colorInfoView();
-  show();
-  picker_->setColor(UIColor::colorWithRed(1, 0.5, 0, 1));
-  window_->layoutWindow();
-  EXPECT_EQ(info->hexColorLabel()->text(), "#ff7f00");
-  EXPECT_EQ(info->hexColorLabel()->frame(), CGRectMake(0, 66, 66, 18));
-  EXPECT_EQ(info->hexColorLabel()->font().weight(), UIFont::Weight::kBold);
-  EXPECT_EQ(info->layer()->state().cornerRadius, kHRColorInfoViewCornerRadius);
-  EXPECT_EQ(info->layer()->state().borderWidth, 1 / 3.0);
-  const CALayer& swatch = *info->layer()->sublayers().front();
-  EXPECT_EQ(swatch.frame(), CGRectMake(0, 0, 66, 66));
-  EXPECT_EQ(swatch.state().cornerRadius, 4);
-  EXPECT_EQ(swatch.maskedCorners(), static_cast<unsigned>(UIRectCorner::kTopLeft) |
-                                        static_cast<unsigned>(UIRectCorner::kTopRight));
-  EXPECT_EQ(swatch.state().backgroundColor, info->color());
 }
 
 }  // namespace
