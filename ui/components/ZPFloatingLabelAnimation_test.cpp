@@ -120,6 +120,15 @@ TEST_F(ZPFloatingLabelAnimationTest, ATextThatIsSetShowsTheLabelToo) {
   EXPECT_EQ(shownAlpha(), 0);
 }
 
+TEST_F(ZPFloatingLabelAnimationTest, AShownLabelGoesUpAgainAfterANewPlaceholder) {
+  input().type("a");
+  pass(1);
+  field_->setPlaceholder("Name");
+  pass(1);
+  EXPECT_EQ(shownAlpha(), 1);
+  EXPECT_NEAR(shownY(), 2, 1e-9);
+}
+
 TEST_F(ZPFloatingLabelAnimationTest, AFieldThatGoesMeanwhileIsNotTouched) {
   const std::weak_ptr<UILabel> label = field_->floatingLabel();
   field_->setText("Work");
@@ -137,6 +146,30 @@ TEST_F(ZPFloatingLabelAnimationTest, RightAlignedTheLabelEndsAtTheRightEdge) {
   field_->setText("Work");
   pass(1);
   EXPECT_NEAR(label().frame().maxX(), 340, 1e-9);
+}
+
+TEST_F(ZPFloatingLabelAnimationTest, ALayoutMeanwhileEndsNoFade) {
+  const auto layoutAgain = [this] {
+    field_->setNeedsLayout();
+    pass(0.05);
+  };
+  input().type("a");
+  pass(0.1);
+  layoutAgain();
+  EXPECT_GT(shownAlpha(), 0.5);
+  EXPECT_LT(shownAlpha(), 1);
+  EXPECT_GT(shownY(), 2);
+  pass(1);
+  input().deleteBackward();
+  pass(0.1);
+  layoutAgain();
+  layoutAgain();
+  EXPECT_GT(shownAlpha(), 0);
+  EXPECT_LT(shownAlpha(), 1);
+  EXPECT_NEAR(shownY(), 2, 1e-9);
+  pass(0.2);
+  EXPECT_EQ(shownAlpha(), 0);
+  EXPECT_DOUBLE_EQ(shownY(), kFloatingLine);
 }
 
 }  // namespace

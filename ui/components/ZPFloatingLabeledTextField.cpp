@@ -85,6 +85,8 @@ void ZPFloatingLabeledTextField::setPlaceholder(std::string_view placeholder) {
   floatingLabel_->setText(this->placeholder());
   floatingLabel_->sizeToFit();
   move(*floatingLabel_, {labelX(), labelHeight()});
+  // A label that is shown goes up again.
+  setNeedsLayout();
 }
 
 CGRect ZPFloatingLabeledTextField::textRectForBounds(const CGRect& bounds) const {
@@ -144,8 +146,8 @@ void ZPFloatingLabeledTextField::hideFloatingLabel() {
       [&] { floatingLabel_->setAlpha(0); },
       [this, weakSelf](bool /*finished*/) {
         const auto self = weakSelf.lock();
-        // It may have been shown again meanwhile.
-        if (self != nullptr && floatingLabel_->alpha() <= 0) {
+        // It may have been shown again meanwhile, or a fade that began earlier may still run.
+        if (self != nullptr && floatingLabel_->layer()->presentation().opacity <= 0) {
           move(*floatingLabel_, {floatingLabel_->frame().x(), labelHeight()});
         }
       });

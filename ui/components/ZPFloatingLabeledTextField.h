@@ -17,7 +17,8 @@ namespace zephyl {
 class ZP_EXPORT ZPFloatingLabeledTextField : public UITextField {
  public:
   explicit ZPFloatingLabeledTextField(const CGRect& frame = {});
-  // From an archive of a screen: the text "UIText" and the placeholder "UIPlaceholder".
+  // From an archive of a screen: the text "UIText" and the placeholder "UIPlaceholder", which the
+  // label gets too. Nothing else of it is read: no screen here comes from an archive.
   explicit ZPFloatingLabeledTextField(const Dictionary& coder);
 
   [[nodiscard]] const std::shared_ptr<UILabel>& floatingLabel() const { return floatingLabel_; }

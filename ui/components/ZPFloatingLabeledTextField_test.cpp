@@ -3,6 +3,7 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include "platform/uikit/UIWindow.h"
 
 #include "hosts/fake/Device.h"
+#include "hosts/fake/uikit/RecordingContext.h"
 
 namespace zephyl {
 namespace {
@@ -129,6 +131,28 @@ TEST_F(ZPFloatingLabeledTextFieldTest, TheLabelHasTheTintWhileTheFieldIsTypedInt
   field_->setFloatingLabelTextColor(UIColor::blackColor());
   layout();
   EXPECT_EQ(label().textColor(), UIColor::blackColor());
+}
+
+// Kept: the label keeps the width of the font that it had when it got its text, and its own text
+// begins at its left, so that only a placeholder set after the first layout is flush.
+TEST_F(ZPFloatingLabeledTextFieldTest, WhatIsSeenOfALabelIsFlushFromTheFirstLayoutOn) {
+  const auto seen = [this](NSTextAlignment alignment, const char* placeholder) {
+    field_->setTextAlignment(alignment);
+    field_->setPlaceholder(placeholder);
+    field_->setText("Work");
+    layout();
+    device_.uikit()->displayLink().runUntilIdle();
+    fake::RecordingContext context;
+    label().layer()->render(context);
+    return context.commands();
+  };
+  using Commands = std::vector<std::string>;
+  EXPECT_EQ(seen(NSTextAlignment::kRight, "Name"),
+            (Commands{"text \"Name\" (306 5 24 14.4) 12 bold #808080ff"}));
+  EXPECT_EQ(seen(NSTextAlignment::kRight, "Title"),
+            (Commands{"text \"Title\" (310 2 30 14.4) 12 bold #808080ff"}));
+  EXPECT_EQ(seen(NSTextAlignment::kCenter, "Name"),
+            (Commands{"text \"Name\" (158 2 24 14.4) 12 bold #808080ff"}));
 }
 
 TEST_F(ZPFloatingLabeledTextFieldTest, AnArchivedFieldGivesItsLabelThePlaceholder) {
