@@ -189,5 +189,16 @@ TEST_F(UIZPBadgeViewDrawingTest, AnAppearanceOrDirectionChangesNothingOfIt) {
                                                "text \"7\" (10 6.5 5 12) 10 bold #ffffffff"}));
 }
 
+// Kept: where the size stays, a 0 that is to be shown is drawn with the next change only.
+TEST_F(UIZPBadgeViewDrawingTest, ShowingZeroDoesNotAskForADrawing) {
+  badge_->setBadgeValue(0);
+  badge_->setFont(UIFont::boldSystemFontOfSize(11));
+  const CGRect before = badge_->frame();
+  EXPECT_FALSE(before.isEmpty());
+  EXPECT_FALSE(redraws([](auto& badge) { badge.setDisplayIfZero(true); }));
+  EXPECT_EQ(badge_->frame(), before);
+  EXPECT_EQ(drawn().size(), 3U);
+}
+
 }  // namespace
 }  // namespace zephyl

@@ -219,5 +219,24 @@ TEST_F(UIZPBadgeViewTest, NumbersThatAreNoneLeaveTheBadgeUsable) {
   EXPECT_EQ(badge_->center(), (CGPoint{100, 60}));
 }
 
+// The device's text is 15.6 points high: higher than what the smallest diameter leaves.
+TEST_F(UIZPBadgeViewTest, WithTheFirstFontTheTextDeterminesTheSize) {
+  const CGFloat height = static_cast<float>(1.2 * 13 + 11);
+  badge_->setBadgeValue(7);
+  EXPECT_EQ(badge_->bounds().size, (CGSize{height, height}));
+  badge_->setBadgeValue(1234);
+  EXPECT_EQ(badge_->bounds().size, (CGSize{4 * 6.5 + 11, height}));
+}
+
+// Kept: the number is still not drawn.
+TEST_F(UIZPBadgeViewTest, ANewFontBringsBackABadgeThatZeroHid) {
+  small()->setBadgeValue(0);
+  ASSERT_EQ(badge_->frame(), CGRect());
+  badge_->setFont(UIFont::boldSystemFontOfSize(20));
+  EXPECT_EQ(badge_->bounds().size, (CGSize{35, 35}));
+  EXPECT_EQ(badge_->center(), (CGPoint{100, 60}));
+  EXPECT_FALSE(badge_->isAccessibilityElement());
+}
+
 }  // namespace
 }  // namespace zephyl

@@ -113,6 +113,18 @@ TEST_F(ColorPickerScreenTest, DoneWithoutACallbackOnlyGoesBack) {
   EXPECT_EQ(navigation_->topViewController(), editor_);
 }
 
+TEST_F(ColorPickerScreenTest, BothButtonsGoBackAnimated) {
+  for (const bool done : {false, true}) {
+    show();
+    const auto& button = done ? bar().rightBarButtonItem() : bar().leftBarButtonItem();
+    EXPECT_TRUE(button->performAction());
+    EXPECT_TRUE(navigation_->isInTransition()) << done;
+    settle();
+    EXPECT_FALSE(navigation_->isInTransition()) << done;
+    EXPECT_EQ(navigation_->topViewController(), editor_) << done;
+  }
+}
+
 TEST_F(ColorPickerScreenTest, EscapeIsCancel) {
   show();
   EXPECT_TRUE(window_->sendKey({UIKey::kEscape, "", false, false}));
