@@ -40,7 +40,7 @@ void dressLike(UILabel& label, const UILabel& own) {
 
 ZephylsManageTableViewCell::ZephylsManageTableViewCell(UITableViewCellStyle style,
                                                        const std::string& reuseIdentifier)
-    : UITableViewCell(style, reuseIdentifier) {
+    : UITableViewCell(style, reuseIdentifier), firstWidth_(bounds().width()) {
   makeSubviews();
 }
 
@@ -101,9 +101,7 @@ void ZephylsManageTableViewCell::mirrorSubviews() {
   placeFromRight(kLockTag, kLockX);
   placeFromRight(kTitleTag, kTitleX);
   placeFromRight(kSubtitleTag, kTitleX);
-  if (ZPUtils::isIOS13()) {
-    placeFromRight(kCheckTag, bounds().width() - kCheckFromEnd);
-  }
+  placeFromRight(kCheckTag, ZPUtils::isIOS13() ? bounds().width() - kCheckFromEnd : firstWidth_);
 }
 
 void ZephylsManageTableViewCell::setZephyl(const std::shared_ptr<Zephyl>& group) {

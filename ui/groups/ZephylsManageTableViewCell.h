@@ -68,6 +68,8 @@ class ZP_EXPORT ZephylsManageTableViewCell : public UITableViewCell {
   // Null when there is none, or it is no label.
   [[nodiscard]] std::shared_ptr<UILabel> labelWithTag(std::int64_t tag) const;
 
+  // Where the check begins before version 13.
+  CGFloat firstWidth_;
   std::int64_t zephylsMode_ = 0;
   std::shared_ptr<Zephyl> zephyl_;
 };

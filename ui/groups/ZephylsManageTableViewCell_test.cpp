@@ -88,6 +88,18 @@ TEST_F(ZephylsManageTableViewCellTest, WhereTheLanguageRunsTheOtherWayTheRowIsMi
   EXPECT_EQ(label(Cell::kCheckTag)->frame(), CGRectMake(30 - 16, 0, 16, 39));
 }
 
+// As far from the right as it otherwise is from the left: never over the title.
+TEST_F(ZephylsManageTableViewCellTest, BeforeVersion13TheCheckMarkIsMirroredToo) {
+  device_.device().setSystemVersion("12.4");
+  device_.uikit()->screen().setUserInterfaceLayoutDirection(
+      UIUserInterfaceLayoutDirection::kRightToLeft);
+  show(cell_, 390, 60);
+  cell_->setNeedsLayout();
+  window_->layoutWindow();
+  EXPECT_EQ(label(Cell::kCheckTag)->frame(), CGRectMake(390 - 320 - 16, 0, 16, 39));
+  EXPECT_EQ(label(Cell::kTitleTag)->frame().x(), 390 - 320);
+}
+
 TEST_F(ZephylsManageTableViewCellTest, OnlyProtectedUserGroupsShowTheLock) {
   fill(group(GroupBuilder(1, "Work").with(keys::kPasswordProtected, true)));
   EXPECT_EQ(nameOf(lock()), "locked");
@@ -155,6 +167,21 @@ TEST_F(ZephylsManageTableViewCellTest, ATitleAloneTakesTheWholeHeight) {
   EXPECT_TRUE(label(Cell::kSubtitleTag)->isHidden());
 }
 
+// Kept: nothing makes a title smaller again.
+TEST_F(ZephylsManageTableViewCellTest, AStretchedTitleStaysSoForTheNextGroup) {
+  show(cell_, 390, 60);
+  fill(group(GroupBuilder(1, "Work")));
+  fill(group(GroupBuilder(2, "Home").with(keys::kSubTitle, "Family")));
+  EXPECT_EQ(label(Cell::kTitleTag)->frame(), CGRectMake(36, 2, 284, 60));
+  fill(group(GroupBuilder(3, "Club").disabled()));
+  EXPECT_EQ(label(Cell::kTitleTag)->frame(), CGRectMake(36, 2, 284, 60));
+}
+
+TEST_F(ZephylsManageTableViewCellTest, WithoutATranslationADisabledGroupSaysSoInEnglish) {
+  fill(group(GroupBuilder(1, "Work").disabled()));
+  EXPECT_EQ(text(Cell::kSubtitleTag), "Status: Disabled");
+}
+
 TEST_F(ZephylsManageTableViewCellTest, ADisabledGroupSaysSoInPlaceOfASubtitle) {
   device_.files().put(std::string(kBundle).append("/en.lproj/Localizable.strings"),
                       "\"Status: Disabled\" = \"Asleep\";");
@@ -174,31 +201,6 @@ TEST_F(ZephylsManageTableViewCellTest, ASubtitleAfterATitleAloneStaysHidden) {
   EXPECT_TRUE(label(Cell::kSubtitleTag)->isHidden());
 }
 
-TEST_F(ZephylsManageTableViewCellTest, ASelectionFillsTitleAndSubtitleAgain) {
-  const auto work = groupWithUnread(GroupBuilder(1, "Work").with(keys::kSubTitle, "Before"), 0);
-  fill(work);
-  work->setTitle("Play");
-  work->setSubTitle("After");
-  cell_->setSelected(true, /*animated=*/false);
-  EXPECT_TRUE(cell_->isSelected());
-  EXPECT_EQ(text(Cell::kTitleTag), "Play");
-  EXPECT_EQ(text(Cell::kSubtitleTag), "After");
-}
-
-// Kept: a selection stretches the title, but hides nothing and looks at no disabled group.
-TEST_F(ZephylsManageTableViewCellTest, ASelectionShowsAndHidesNothing) {
-  const auto work = group(GroupBuilder(1, "Work").with(keys::kSubTitle, "Before"));
-  fill(work);
-  work->setSubTitle("");
-  cell_->setSelected(true, /*animated=*/false);
-  EXPECT_EQ(label(Cell::kTitleTag)->frame().height(), 44);
-  EXPECT_FALSE(label(Cell::kSubtitleTag)->isHidden());
-  EXPECT_EQ(text(Cell::kSubtitleTag), "Before");
-  work->setEnabled(false);
-  cell_->setSelected(false, /*animated=*/false);
-  EXPECT_EQ(text(Cell::kSubtitleTag), "Before");
-}
-
 TEST_F(ZephylsManageTableViewCellTest, AMarkerThatSomebodyAddsGetsTheColour) {
   const auto marker = addMarker();
   fill(group(GroupBuilder(1, "Work").with(keys::kMarkerCode, "00ff00ff")));
@@ -207,19 +209,6 @@ TEST_F(ZephylsManageTableViewCellTest, AMarkerThatSomebodyAddsGetsTheColour) {
   EXPECT_EQ(marker->backgroundColor(), UIColor::blackColor());
   fill(group(GroupBuilder(3, "Home")));
   EXPECT_EQ(marker->backgroundColor(), UIColor::clearColor());
-}
-
-TEST_F(ZephylsManageTableViewCellTest, HighlightAndSelectionLeaveTheMarkerItsColour) {
-  const auto marker = addMarker();
-  fill(group(GroupBuilder(1, "Work").with(keys::kMarkerCode, "00ff00ff")));
-  cell_->setHighlighted(true, /*animated=*/false);
-  EXPECT_EQ(marker->backgroundColor(), UIColor::greenColor());
-  cell_->setHighlighted(false, /*animated=*/false);
-  EXPECT_EQ(marker->backgroundColor(), UIColor::greenColor());
-  cell_->setSelected(true, /*animated=*/false);
-  EXPECT_EQ(marker->backgroundColor(), UIColor::greenColor());
-  cell_->setSelected(false, /*animated=*/false);
-  EXPECT_EQ(marker->backgroundColor(), UIColor::greenColor());
 }
 
 TEST_F(ZephylsManageTableViewCellTest, WithoutInteractionTitleAndSubtitleAreDimmed) {

@@ -73,9 +73,19 @@ void ZephylsTableViewCell::layoutSubviews() {
       unreadMessageAvailableView_->frame().width() / 2);
   gradient_->setFrame(CGRectMake(0, 0, picture.width, picture.height));
 
+  placeBadge();
+}
+
+void ZephylsTableViewCell::placeBadge() {
   const auto badge = zpBadgeView(*groupImageView_);
   badge->setPosition(ZPBadgePositionTopRight);
   badge->setInsidePosition(1);
+  // Both do nothing for what the badge holds already; since then its size, or the picture's, may
+  // have become another one.
+  const CGSize size = badge->bounds().size;
+  badge->setHorizontalOffset(static_cast<float>(-0.5 * size.width));
+  badge->setVerticalOffset(static_cast<float>(0.5 * size.height));
+  badge->zp_updateBadgeViewPosition();
 }
 
 void ZephylsTableViewCell::setZephyl(const std::shared_ptr<Zephyl>& group) {

@@ -66,6 +66,8 @@ class ZP_EXPORT ZephylsTableViewCell : public UITableViewCell {
  private:
   void makeSubviews();
   void fillBadge(std::int64_t unreadCount);
+  // Just inside the upper right corner of the picture.
+  void placeBadge();
 
   std::int64_t zephylsMode_ = 0;
   std::shared_ptr<Zephyl> zephyl_;

@@ -208,5 +208,65 @@ TEST_F(ZephylsTableViewCellTest, AnEndlessNameStaysInItsPlace) {
   EXPECT_EQ(cell_->nameLabel()->frame(), CGRectMake(2, 62, 78, 15));
 }
 
+// Its own setters do nothing for the position that it has already.
+TEST_F(ZephylsTableViewCellTest, TheBadgeFindsItsPlaceForEachSizeOfItsAndOfThePicture) {
+  const auto expectInPlace = [this] {
+    const CGSize size = badge()->bounds().size;
+    EXPECT_GT(size.width, 0);
+    EXPECT_NEAR(badge()->center().x, cell_->groupImageView()->frame().width() - size.width / 2,
+                0.001);
+    EXPECT_NEAR(badge()->center().y, size.height / 2, 0.001);
+  };
+  // Laid out without a count first.
+  fill(groupWithUnread(GroupBuilder(1, "Work"), 3));
+  expectInPlace();
+  fill(groupWithUnread(GroupBuilder(1, "Work"), 0));
+  fill(groupWithUnread(GroupBuilder(1, "Work"), 2));
+  expectInPlace();
+  const CGFloat narrow = badge()->bounds().width();
+  fill(groupWithUnread(GroupBuilder(1, "Work"), 100));
+  EXPECT_GT(badge()->bounds().width(), narrow);
+  expectInPlace();
+  show(cell_, 160, 110);
+  expectInPlace();
+}
+
+TEST_F(ZephylsTableViewCellTest, ABadgeInItsPlaceIsNotDrawnAgainByALayout) {
+  fill(groupWithUnread(GroupBuilder(1, "Work"), 3));
+  (void)window_->takeDamage();
+  cell_->setNeedsLayout();
+  window_->layoutWindow();
+  EXPECT_TRUE(window_->takeDamage().empty());
+}
+
+TEST_F(ZephylsTableViewCellTest, AFillingAsksForALayout) {
+  cell_->groupImageView()->setFrame({});
+  cell_->setZephyl(nullptr);
+  EXPECT_EQ(cell_->groupImageView()->frame(), CGRect());
+  window_->layoutWindow();
+  EXPECT_EQ(cell_->groupImageView()->frame(), CGRectMake(5, 0, 80, 80));
+}
+
+// Kept: unlike a highlight, a selection leaves the strip as clear as the platform makes it.
+TEST_F(ZephylsTableViewCellTest, ASelectionClearsTheStripUntilItEnds) {
+  fill(group(GroupBuilder(1, "Work").with(keys::kMarkerCode, "00ff00ff")));
+  cell_->setSelected(true, /*animated=*/false);
+  EXPECT_TRUE(cell_->isSelected());
+  EXPECT_EQ(cell_->groupColorView()->backgroundColor(), UIColor::clearColor());
+  EXPECT_EQ(cell_->groupImageView()->backgroundColor(), UIColor::clearColor());
+  cell_->setSelected(false, /*animated=*/false);
+  EXPECT_EQ(cell_->groupColorView()->backgroundColor(), UIColor::greenColor());
+  EXPECT_EQ(cell_->groupImageView()->backgroundColor(), UIColor::greenColor());
+}
+
+TEST_F(ZephylsTableViewCellTest, ATileFilledWhileItIsSelectedKeepsTheNewColours) {
+  fill(group(GroupBuilder(1, "Work").with(keys::kMarkerCode, "00ff00ff")));
+  cell_->setSelected(true, /*animated=*/false);
+  fill(group(GroupBuilder(2, "Home")));
+  cell_->setSelected(false, /*animated=*/false);
+  EXPECT_EQ(cell_->groupColorView()->backgroundColor(), UIColor::clearColor());
+  EXPECT_EQ(cell_->groupImageView()->backgroundColor(), UIColor::clearColor());
+}
+
 }  // namespace
 }  // namespace zephyl
