@@ -2,6 +2,7 @@
 
 #include "services/UIViewControllerZephyls.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <thread>
@@ -111,6 +112,24 @@ TEST_F(ShowTest, FromABackgroundThreadItIsShownAllTheSame) {
   EXPECT_EQ(texts(), (Texts{"Error", "It failed.", "OK"}));
 }
 
+TEST_F(ShowTest, FromABackgroundThreadEveryKindOfAlertIsShown) {
+  const struct {
+    std::function<void()> show;
+    Texts texts;
+  } kinds[] = {
+      {[this] { zp__showInformation(screen_, "Saved."); }, {"Information", "Saved.", "OK"}},
+      {[this] { zp__showWarning(screen_, "Careful."); }, {"Warning", "Careful.", "OK"}},
+      {[this] { zp__showError(screen_, "Failed.", nullptr); }, {"Error", "Failed.", "OK"}},
+      {[this] { zp__showAlertWithTitle(screen_, "Own", "Text", nullptr); }, {"Own", "Text", "OK"}},
+  };
+  for (const auto& kind : kinds) {
+    device_.dispatch().runOnOwnThread(kind.show);
+    EXPECT_EQ(shown(), nullptr) << kind.texts.front();
+    EXPECT_EQ(texts(), kind.texts);
+    answer();
+  }
+}
+
 TEST_F(ShowTest, TheHandlerGetsTheActionOnceTheAlertHasGone) {
   std::vector<std::string> log;
   zp__showError(screen_, "It failed.", [&](UIAlertAction& action) {
@@ -200,6 +219,18 @@ TEST_F(ShowTest, TheOutcomeIsShownOnceTheBusyBoxHasGone) {
                                      [this] { zp__showError(screen_, "It failed."); });
   settle();
   EXPECT_EQ(texts(), (Texts{"Error", "It failed.", "OK"}));
+}
+
+TEST_F(ShowTest, WhoeverPresentsTheBusyBoxCanCloseIt) {
+  const auto box = zp__showActivityIndicator(screen_, "Updating");
+  bool closed = false;
+  box->presentingViewController()->dismissViewControllerAnimated(/*animated=*/true,
+                                                                 [&] { closed = true; });
+  EXPECT_FALSE(closed);
+  settle();
+  EXPECT_TRUE(closed);
+  EXPECT_EQ(shown(), nullptr);
+  EXPECT_EQ(box->presentingViewController(), nullptr);
 }
 
 // The box goes while its completion has not yet come: the alert waits for that.

@@ -173,5 +173,13 @@ TEST_F(UIControlTest, StateIsTheBitsOfWhatItIs) {
   EXPECT_TRUE(control_->accessibilityState().selected);
 }
 
+// Screens and companions give them as numbers.
+TEST_F(UIControlTest, EventsHaveThePlatformsBits) {
+  EXPECT_EQ(kTouchDown, 1U);
+  EXPECT_EQ(kTouchUpInside, 64U);
+  EXPECT_EQ(kValueChanged, 4096U);
+  EXPECT_EQ(kEditingChanged, 131072U);
+}
+
 }  // namespace
 }  // namespace zephyl
