@@ -46,12 +46,11 @@ APContactRef APContact::initWithRecordRef(const ABPersonRef& record, APContactFi
   return APContactRef(new APContact(record, fieldMask));
 }
 
-APContact::APContact(ABPersonRef record, APContactField fieldMask)
-    : record_(std::move(record)), fieldMask_(fieldMask) {
-  if (record_ != nullptr) {
-    readNames(*record_);
-    readLists(*record_);
-    readNumbers(*record_);
+APContact::APContact(const ABPersonRef& record, APContactField fieldMask) : fieldMask_(fieldMask) {
+  if (record != nullptr) {
+    readNames(*record);
+    readLists(*record);
+    readNumbers(*record);
   }
 }
 

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -69,8 +70,14 @@ class ZP_EXPORT APContact {
   // Null: the address book's links between cards are not read.
   [[nodiscard]] const APContactArray* linkedContacts() const { return nullptr; }
 
-  // What it was made from.
-  [[nodiscard]] const ABPersonRef& record() const { return record_; }
+  // For whoever keeps a list of contacts: a number to find this one again by. Another list may set
+  // it meanwhile, so that it has to be checked.
+  [[nodiscard]] std::uint32_t listPlace() const {
+    return listPlace_.load(std::memory_order_relaxed);
+  }
+  void setListPlace(std::uint32_t place) const {
+    listPlace_.store(place, std::memory_order_relaxed);
+  }
 
  private:
   class Picture {
@@ -84,15 +91,15 @@ class ZP_EXPORT APContact {
     mutable UIImageRef image_;
   };
 
-  APContact(ABPersonRef record, APContactField fieldMask);
+  APContact(const ABPersonRef& record, APContactField fieldMask);
 
   void readNames(const ABPerson& person);
   void readLists(const ABPerson& person);
   void readNumbers(const ABPerson& person);
   [[nodiscard]] bool reads(APContactField field) const { return (fieldMask_ & field) != 0; }
 
-  ABPersonRef record_;
   APContactField fieldMask_;
+  mutable std::atomic<std::uint32_t> listPlace_ = 0;
   std::string firstName_;
   std::string middleName_;
   std::string lastName_;
