@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/common/SourceOptions.h"
+#include "apps/zephyls/render/ScriptStep.h"
 
 namespace zephyl::app {
 
@@ -25,12 +26,17 @@ struct GroupWishes {
 
 // What `render` is to make.
 struct RenderWishes {
-  std::string component;  // or "all"; empty: a list of them
+  std::string component;  // or a screen, or "all"; empty: a list of them
   std::string file;       // or, for several, a folder
   double scale = 2;
   bool dark = false;
   bool rightToLeft = false;
   bool tree = false;
+
+  // Of screens.
+  std::vector<render::ScriptStep> steps;
+  std::optional<std::string> conversation;  // a GUID, name or address
+  std::optional<std::string> group;         // a title or an identifier
 };
 
 struct Options {

@@ -38,9 +38,10 @@ constexpr std::size_t kMostWarnings = 3;
 
 }  // namespace
 
-Session::Session(const Options& options, Output& output)
+Session::Session(const Options& options, Output& output, SessionSurroundings surroundings)
     : options_(options),
       output_(output),
+      surroundings_(std::move(surroundings)),
       places_(placesFor(options.sources)),
       userData_(places_,
                 {[this](const std::string& message) { complain(message); },
@@ -80,6 +81,10 @@ void Session::warn(const std::string& source, const std::vector<std::string>& wa
 // The user is told how to do better; the reason of a check is told by whoever asks for it.
 void Session::serveFingerprint(linux_host::DeviceOptions& options) {
   options.hasBiometrics = options_.biometrics.value_or(false);
+  if (surroundings_.makeAuthentication) {
+    options.makeAuthentication = std::move(surroundings_.makeAuthentication);
+    return;
+  }
   if (options_.biometrics) {
     return;
   }
@@ -140,9 +145,13 @@ void Session::startDevice() {
       options.deviceRoot, [this](const std::string& message) { complain(message); });
   serveFingerprint(options);
   options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
-  options.safety = safetyOfGroups(places_.state.string(), options.deviceRoot);
-  const bool hasShell =
-      reachShell(options, [this](const std::string& message) { output_.complain(message); });
+  options.uikit = std::move(surroundings_.uikit);
+  bool hasShell = false;
+  if (!surroundings_.isAlone) {
+    options.safety = safetyOfGroups(places_.state.string(), options.deviceRoot);
+    hasShell =
+        reachShell(options, [this](const std::string& message) { output_.complain(message); });
+  }
   userData_.serveBy(options, options_.sources.favorites);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
   install(*device_);

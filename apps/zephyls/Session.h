@@ -13,6 +13,8 @@
 #include <vector>
 
 #include "platform/chatkit/CKConversation.h"
+#include "platform/localauthentication/LAContext.h"
+#include "platform/uikit/UIKitHost.h"
 
 #include "apps/common/Places.h"
 #include "apps/common/UserData.h"
@@ -29,10 +31,21 @@ namespace zephyl::app {
 
 class Output;
 
+// What a session has beside the user's wishes.
+struct SessionSurroundings {
+  // Not given: a process without a screen.
+  std::unique_ptr<UIKitHost> uikit;
+  // What makes the reader of fingerprints instead of what the options say, when given.
+  std::function<std::shared_ptr<LAContext>()> makeAuthentication;
+  // On a device root of its own, for a while: no other program is asked or told, and no safety
+  // copies are kept.
+  bool isAlone = false;
+};
+
 class Session {
  public:
   // Throws CommandError, as every call here. `options` and `output` must outlive this.
-  Session(const Options& options, Output& output);
+  Session(const Options& options, Output& output, SessionSurroundings surroundings = {});
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -82,6 +95,7 @@ class Session {
 
   const Options& options_;
   Output& output_;
+  SessionSurroundings surroundings_;
   const Places places_;
   std::atomic<bool> badData_ = false;
   UserData userData_;

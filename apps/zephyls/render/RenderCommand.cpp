@@ -1,9 +1,11 @@
 #include "apps/zephyls/render/RenderCommand.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iterator>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -14,6 +16,8 @@
 #include "apps/common/Places.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/render/Renderer.h"
+#include "apps/zephyls/render/ScreenRenderer.h"
+#include "apps/zephyls/render/Screens.h"
 #include "apps/zephyls/render/Specimens.h"
 #include "hosts/linux/FileContents.h"
 #include "hosts/linux/Languages.h"
@@ -24,6 +28,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using render::Renderer;
+using render::ScriptStep;
 using render::Specimen;
 
 constexpr char kAll[] = "all";
@@ -41,14 +46,21 @@ std::string whyNoScale(const std::string& text) {
   return "a scale is a number from 0.5 to 4";
 }
 
-int listSpecimens(Output& output) {
+// Screens first, then components.
+int listAll(Output& output) {
   std::vector<Row> rows;
-  for (const Specimen& specimen : render::allSpecimens()) {
+  const auto add = [&](std::string_view name, std::string_view help) {
     if (output.isJson()) {
-      output.object({{"name", specimen.name}, {"help", specimen.help}});
+      output.object({{"name", name}, {"help", help}});
     } else {
-      rows.push_back({{std::string(specimen.name), Style::kBold}, {std::string(specimen.help)}});
+      rows.push_back({{std::string(name), Style::kBold}, {std::string(help)}});
     }
+  };
+  for (const render::Screen& screen : render::allScreens()) {
+    add(screen.name, screen.help);
+  }
+  for (const Specimen& specimen : render::allSpecimens()) {
+    add(specimen.name, specimen.help);
   }
   output.table(rows);
   return kSuccess;
@@ -61,7 +73,10 @@ std::vector<Specimen> chosenSpecimens(const std::string& name) {
   if (const Specimen* const specimen = render::specimenNamed(name)) {
     return {*specimen};
   }
-  std::string message = "there is no component \"" + name + "\"; there are:";
+  std::string message = "there is no screen or component \"" + name + "\"; there are:";
+  for (const render::Screen& screen : render::allScreens()) {
+    message.append(" ").append(screen.name);
+  }
   for (const Specimen& specimen : render::allSpecimens()) {
     message.append(" ").append(specimen.name);
   }
@@ -124,20 +139,27 @@ class Destination {
   bool isFolder_ = false;
 };
 
+int renderScreen(const render::Screen& screen, const Options& options, Output& output) {
+  const RenderWishes& wishes = options.render;
+  render::ScreenRenderer renderer(options, output);
+  renderer.show(screen);
+  if (wishes.tree && wishes.file.empty()) {
+    printTree(output, renderer.tree());
+  } else {
+    Destination(wishes, /*several=*/false)
+        .write(screen.name, wishes.tree ? renderer.tree() : renderer.png());
+  }
+  return kSuccess;
+}
+
 int renderComponents(const Options& options, Output& output) {
   const RenderWishes& wishes = options.render;
-  if (wishes.component.empty()) {
-    return listSpecimens(output);
-  }
   const std::vector<Specimen> chosen = chosenSpecimens(wishes.component);
-  const bool prints = wishes.tree && wishes.file.empty();
-  if (wishes.file.empty() && !wishes.tree) {
-    throw CommandError(wishes.component == kAll ? "say with -o into which folder the pictures go"
-                                                : "say with -o into which file the picture goes",
-                       kWrongUsage);
+  if (!wishes.steps.empty()) {
+    throw CommandError("only screens can be tapped, swiped and typed into", kWrongUsage);
   }
   Renderer renderer(settingsFor(options));
-  if (prints) {
+  if (wishes.tree && wishes.file.empty()) {
     for (const Specimen& specimen : chosen) {
       printTree(output, renderer.tree(specimen));
     }
@@ -151,15 +173,64 @@ int renderComponents(const Options& options, Output& output) {
   return kSuccess;
 }
 
+int renderWhatIsWished(const Options& options, Output& output) {
+  const RenderWishes& wishes = options.render;
+  if (wishes.component.empty()) {
+    return listAll(output);
+  }
+  const render::Screen* const screen = render::screenNamed(wishes.component);
+  if (screen == nullptr) {
+    static_cast<void>(chosenSpecimens(wishes.component));
+  }
+  if (wishes.file.empty() && !wishes.tree) {
+    throw CommandError(wishes.component == kAll ? "say with -o into which folder the pictures go"
+                                                : "say with -o into which file the picture goes",
+                       kWrongUsage);
+  }
+  return screen != nullptr ? renderScreen(*screen, options, output)
+                           : renderComponents(options, output);
+}
+
+// What is done with a screen, in the order of the command line, whatever the kinds.
+void addStepOptions(CLI::App& command, RenderWishes& wishes) {
+  struct Kind {
+    const char* option;
+    const char* type;
+    const char* help;
+    ScriptStep::Kind kind;
+  };
+  static constexpr auto kKinds = std::to_array<Kind>(
+      {{"--tap", "TEXT",
+        "tap what is called so; all of these may be given several times, and "
+        "are done in their order",
+        ScriptStep::Kind::kTap},
+       Kind{"--swipe", "TEXT", "swipe what is called so aside", ScriptStep::Kind::kSwipe},
+       Kind{"--type", "TEXT", "type into what was tapped", ScriptStep::Kind::kType},
+       Kind{"--key", "NAME", "press a key: Return, Tab, Down...", ScriptStep::Kind::kKey}});
+  for (const Kind& kind : kKinds) {
+    command
+        .add_option_function<std::string>(
+            kind.option,
+            [&wishes, what = kind.kind](const std::string& text) {
+              wishes.steps.push_back({what, text});
+            },
+            kind.help)
+        ->type_name(kind.type)
+        ->take_last()
+        ->trigger_on_parse();
+  }
+}
+
 }  // namespace
 
 void addRenderCommand(CLI::App& program, RenderWishes& wishes, ScreenCommand& chosen) {
   CLI::App& command = *program.add_subcommand(
-      "render", "a picture of a component of the screens, in all its states");
+      "render", "a picture of a screen on the user's data, or of a component in all its states");
   command.fallthrough();
-  command.parse_complete_callback([&chosen] { chosen = renderComponents; });
+  command.parse_complete_callback([&chosen] { chosen = renderWhatIsWished; });
   command.add_option("COMPONENT", wishes.component,
-                     "as `zephyls render` lists them, or \"all\" for one file each");
+                     "a screen or a component, as `zephyls render` lists them, or \"all\" for one "
+                     "file for each component");
   command.add_option("-o,--output", wishes.file,
                      "the file, or for several the folder; made if it is missing, replaced if it "
                      "is there");
@@ -168,6 +239,14 @@ void addRenderCommand(CLI::App& program, RenderWishes& wishes, ScreenCommand& ch
       ->check(CLI::Validator(whyNoScale, ""));
   command.add_flag("--dark", wishes.dark, "in dark appearance");
   command.add_flag("--rtl", wishes.rightToLeft, "from right to left");
+  addStepOptions(command, wishes);
+  command
+      .add_option("--conversation", wishes.conversation,
+                  "what a screen is about: a GUID; a name or address that fits only one will do")
+      ->type_name("GUID");
+  command.add_option("--group", wishes.group, "the group that a screen is about")
+      ->type_name("TITLE|ID");
+  command.footer("Screens are those of a copy: whatever is done with them, the groups stay.");
   command.add_flag("--tree", wishes.tree,
                    "the views as text instead; on the standard output without -o");
 }

@@ -1,9 +1,6 @@
 #include "apps/zephyls/render/Renderer.h"
 
-#include <cstdlib>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 #include <utility>
 
 #include "platform/Host.h"
@@ -12,9 +9,9 @@
 #include "platform/uikit/UIViewAnimation.h"
 #include "platform/uikit/UIWindow.h"
 
-#include "apps/common/CommandError.h"
 #include "apps/zephyls/render/Specimens.h"
 #include "apps/zephyls/render/Stage.h"
+#include "apps/zephyls/render/TemporaryFolder.h"
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/LinuxDispatch.h"
 #include "hosts/linux/screen/LinuxUIKit.h"
@@ -23,34 +20,6 @@
 namespace zephyl::app::render {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-// A folder that is gone afterwards.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::error_code error;
-    const fs::path parent = fs::temp_directory_path(error);
-    std::string pattern = (error ? fs::path("/tmp") : parent) / "zephyls-render-XXXXXX";
-    if (::mkdtemp(pattern.data()) == nullptr) {
-      throw CommandError("cannot make a folder for a while in " + parent.string() +
-                         "; name another with TMPDIR");
-    }
-    path_ = pattern;
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  [[nodiscard]] const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 std::unique_ptr<linux_host::LinuxUIKit> makeUIKit(const RenderSettings& settings) {
   linux_host::UIKitOptions options;

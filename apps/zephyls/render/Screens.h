@@ -1,0 +1,41 @@
+// The screens that can be rendered, on the user's own data.
+//
+// To add one: write a function that makes it, and list it in Screens.cpp.
+
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace zephyl {
+class UIViewController;
+}
+
+namespace zephyl::app {
+
+class Session;
+
+namespace render {
+
+struct ShownScreen {
+  std::shared_ptr<UIViewController> controller;
+  // What the screen does not keep alive itself, such as a delegate.
+  std::shared_ptr<const void> kept;
+};
+
+struct Screen {
+  // The name on the command line.
+  std::string_view name;
+  std::string_view help;
+  // The groups and conversations of the session are there. Throws CommandError.
+  ShownScreen (*make)(Session& session);
+};
+
+// In the order of the list.
+[[nodiscard]] const std::vector<Screen>& allScreens();
+// Null when there is none.
+[[nodiscard]] const Screen* screenNamed(std::string_view name);
+
+}  // namespace render
+}  // namespace zephyl::app

@@ -1,0 +1,122 @@
+// `zephyls render` of the screens, on a database of the test's and after what a script does.
+
+#include <string>
+#include <vector>
+
+#include "apps/zephyls/ProgramTest.h"
+
+namespace zephyl::app::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class ScreensTest : public ProgramTest {
+ protected:
+  ScreensTest() {
+    writeOwnSources();
+    writeGroups(group(1, "All",
+                      "<key>system</key><true/><key>zephylSystemMode</key>"
+                      "<integer>1</integer>") +
+                group(2, "Favorites",
+                      "<key>system</key><true/><key>zephylSystemMode</key>"
+                      "<integer>2</integer>") +
+                group(8, "Work") + group(9, "Friends"));
+  }
+
+  static std::string group(int identifier, const std::string& title, const std::string& more = "") {
+    return "<dict><key>identifier</key><integer>" + std::to_string(identifier) +
+           "</integer><key>title</key><string>" + title + "</string><key>enabled</key><true/>" +
+           more + "</dict>";
+  }
+  // The view tree after the words.
+  std::string tree(Texts words) {
+    words.insert(words.begin() + 1, "--tree");
+    words.insert(words.begin(), "render");
+    const ProgramResult result = runOwn(words);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    return result.out;
+  }
+  static bool shows(const std::string& tree, const std::string& text) {
+    return tree.find(text) != std::string::npos;
+  }
+};
+
+TEST_F(ScreensTest, TheGroupsAreThoseOfTheDevice) {
+  const std::string groups = tree({"groups"});
+  EXPECT_TRUE(shows(groups, "row \"Work"));
+  EXPECT_TRUE(shows(groups, "header \"Default\""));
+  const std::string adding = tree({"add"});
+  EXPECT_TRUE(shows(adding, "row \"Work"));
+  EXPECT_FALSE(shows(adding, "row \"All"));
+}
+
+TEST_F(ScreensTest, EveryScreenBecomesAPicture) {
+  for (const char* screen : {"groups", "manage", "add", "recipients"}) {
+    const std::string file = (folder_ / screen).string();
+    const auto result = runOwn({"render", screen, "--scale", "1", "-o", file});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(read(file).substr(1, 3), "PNG") << screen;
+  }
+}
+
+// The first key shows where the keyboard is.
+TEST_F(ScreensTest, StepsOfAllKindsAreDoneInTheOrderOfTheCommandLine) {
+  const std::string after = tree({"manage", "--tap", "Edit", "--tap", "Work", "--key", "Up",
+                                  "--key", "Up", "--key", "Space", "--tap", "Delete"});
+  EXPECT_FALSE(shows(after, "row \"Work"));
+  EXPECT_FALSE(shows(after, "row \"Friends"));
+  EXPECT_TRUE(shows(after, "row \"All"));
+}
+
+TEST_F(ScreensTest, ASwipedRowIsDeleted) {
+  const std::string after = tree({"manage", "--swipe", "Work", "--tap", "Delete"});
+  EXPECT_FALSE(shows(after, "row \"Work"));
+  EXPECT_TRUE(shows(after, "row \"Friends"));
+}
+
+TEST_F(ScreensTest, ANewGroupIsMadeFromTheList) {
+  const std::string after =
+      tree({"groups", "--tap", "Add", "--tap", "Title", "--type", "Choir", "--tap", "Save"});
+  EXPECT_TRUE(shows(after, "row \"Choir"));
+}
+
+// Whatever a script does, it does to a copy.
+TEST_F(ScreensTest, NothingOfTheUsersChanges) {
+  ASSERT_EQ(runOwn({"groups", "list"}).status, 0);
+  const auto before = listing(device_);
+  const auto sources = listing(folder_ / "source");
+  tree({"manage", "--swipe", "Work", "--tap", "Delete"});
+  EXPECT_EQ(listing(device_), before);
+  EXPECT_EQ(listing(folder_ / "source"), sources);
+}
+
+TEST_F(ScreensTest, TheReleaseDecidesWhatABarHas) {
+  EXPECT_TRUE(shows(tree({"groups", "--ios", "14.0"}), "button \"Cancel\""));
+  EXPECT_FALSE(shows(tree({"groups", "--ios", "12.4"}), "button \"Cancel\""));
+}
+
+TEST_F(ScreensTest, AScreenCanBeAboutANamedConversation) {
+  EXPECT_EQ(runOwn({"render", "recipients", "--tree", "--conversation", "nobody"}).status, 1);
+  const auto all = runOwn({"conversations", "--json"}).objects();
+  const std::string guid = all.at(0)["guid"];
+  EXPECT_TRUE(shows(tree({"recipients", "--conversation", guid}), "button \"Add to Groups\""));
+}
+
+TEST_F(ScreensTest, AProtectedGroupIsNotOpenedByAFingerThatNobodyKnows) {
+  writeGroups(group(1, "All", "<key>system</key><true/>") +
+              group(8, "Secret", "<key>passwordProtected</key><true/>"));
+  EXPECT_TRUE(shows(tree({"manage", "--tap", "Secret"}), "Unable to verify your identity."));
+  EXPECT_TRUE(shows(tree({"manage", "--biometrics", "off", "--tap", "Secret"}), "button \"Save\""));
+}
+
+TEST_F(ScreensTest, AStepThatCannotBeDoneIsWrongUsageAndMakesNoPicture) {
+  const std::string file = (folder_ / "a.png").string();
+  const auto result = runOwn({"render", "manage", "--tap", "Nothing", "-o", file});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_NE(result.errors.find("nothing on the screen is called \"Nothing\""), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists(file));
+  EXPECT_EQ(runOwn({"render", "badge", "--tap", "1", "--tree"}).status, 2);
+}
+
+}  // namespace
+}  // namespace zephyl::app::test
