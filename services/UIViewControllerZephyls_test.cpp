@@ -125,7 +125,7 @@ TEST_F(ShowTest, FromABackgroundThreadEveryKindOfAlertIsShown) {
   for (const auto& kind : kinds) {
     device_.dispatch().runOnOwnThread(kind.show);
     EXPECT_EQ(shown(), nullptr) << kind.texts.front();
-    EXPECT_EQ(texts(), kind.texts);
+    ASSERT_EQ(texts(), kind.texts);
     answer();
   }
 }
@@ -224,6 +224,7 @@ TEST_F(ShowTest, TheOutcomeIsShownOnceTheBusyBoxHasGone) {
 TEST_F(ShowTest, WhoeverPresentsTheBusyBoxCanCloseIt) {
   const auto box = zp__showActivityIndicator(screen_, "Updating");
   bool closed = false;
+  ASSERT_NE(box->presentingViewController(), nullptr);
   box->presentingViewController()->dismissViewControllerAnimated(/*animated=*/true,
                                                                  [&] { closed = true; });
   EXPECT_FALSE(closed);
