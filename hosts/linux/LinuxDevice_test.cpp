@@ -44,7 +44,7 @@ TEST_F(LinuxDeviceTest, EachContextIsANewOne) {
 
 TEST_F(LinuxDeviceTest, AReaderThatIsGivenIsPreferred) {
   DeviceOptions given = options();
-  const auto reader = std::make_shared<NoAuthentication>();
+  std::shared_ptr<LAContext> reader = std::make_shared<NoAuthentication>();
   given.hasBiometrics = true;
   given.makeAuthentication = [&] { return reader; };
   LinuxDevice device(std::move(given));

@@ -51,7 +51,9 @@ class Screen {
   [[nodiscard]] bool isUpToDate() const { return shown_ == wanted_; }
 
  private:
-  static std::size_t at(int x, int y) { return static_cast<std::size_t>(y * 40 + x); }
+  static std::size_t at(int x, int y) {
+    return static_cast<std::size_t>(y) * 40 + static_cast<std::size_t>(x);
+  }
 
   template <class Do>
   static void each(const CGRect& rect, const Do& act) {
@@ -74,8 +76,8 @@ class Screen {
 
   DamageCollector collector_;
   int fresh_ = 1000;
-  std::vector<int> shown_ = std::vector<int>(40 * 60, 0);
-  std::vector<int> wanted_ = std::vector<int>(40 * 60, 0);
+  std::vector<int> shown_ = std::vector<int>(2400, 0);
+  std::vector<int> wanted_ = std::vector<int>(2400, 0);
 };
 
 TEST(DamageCollector, NothingIsNoDamage) {
@@ -153,7 +155,7 @@ TEST(DamageCollector, AMoveFartherThanItsAreaDrawsAllOfIt) {
 
 TEST(DamageCollector, NoOrderOfDrawingAndMovingLosesAPixel) {
   std::mt19937 random(7);  // NOLINT: the same cases every time
-  const auto upTo = [&random](int most) { return static_cast<int>(random() % (most + 1U)); };
+  const auto upTo = [&random](unsigned most) { return static_cast<int>(random() % (most + 1)); };
   for (int round = 0; round < 300; ++round) {
     Screen screen;
     for (int step = upTo(30); step >= 0; --step) {

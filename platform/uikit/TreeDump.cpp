@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -58,6 +59,11 @@ std::string geometryOf(const UIView& view) {
   return text;
 }
 
+// A channel from 0 to 1 as a byte.
+unsigned byteOf(CGFloat channel) {
+  return static_cast<unsigned>(std::lround(std::clamp(channel, 0.0, 1.0) * 255));
+}
+
 std::string appearanceOf(const UIView& view) {
   std::string text;
   if (view.isHidden()) {
@@ -70,11 +76,8 @@ std::string appearanceOf(const UIView& view) {
   if (const UIColor background = view.backgroundColor(); background.channels().alpha > 0) {
     std::array<char, 48> hexadecimal{};
     const UIColor::Channels c = background.channels();
-    std::snprintf(hexadecimal.data(), hexadecimal.size(), " #%02x%02x%02x%02x",
-                  static_cast<unsigned>(std::min(std::max(c.red, 0.0), 1.0) * 255 + 0.5),
-                  static_cast<unsigned>(std::min(std::max(c.green, 0.0), 1.0) * 255 + 0.5),
-                  static_cast<unsigned>(std::min(std::max(c.blue, 0.0), 1.0) * 255 + 0.5),
-                  static_cast<unsigned>(std::min(std::max(c.alpha, 0.0), 1.0) * 255 + 0.5));
+    std::snprintf(hexadecimal.data(), hexadecimal.size(), " #%02x%02x%02x%02x", byteOf(c.red),
+                  byteOf(c.green), byteOf(c.blue), byteOf(c.alpha));
     text += hexadecimal.data();
   }
   return text;

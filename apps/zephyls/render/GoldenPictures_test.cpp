@@ -38,7 +38,8 @@ void stageBadges(Stage& stage) {
     room->addSubview(badge);
     badge->setPosition(ZPBadgePositionCenterLeft);
     badge->setBadgeValue(value);
-    badge->setHorizontalOffset(static_cast<float>(30 * room->subviews().size() + value / 60));
+    badge->setHorizontalOffset(30 * static_cast<float>(room->subviews().size()) +
+                               static_cast<float>(value / 60));
     badge->setOutlineColor(UIColor::systemGrayColor());
     badge->zp_updateBadgeViewPosition();
   }

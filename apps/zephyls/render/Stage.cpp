@@ -71,12 +71,12 @@ void Stage::then(std::function<void(UIWindow& window)> action) {
 
 std::shared_ptr<UIWindow> Stage::makeWindow() {
   if (screen_ != nullptr) {
-    const auto window = std::make_shared<UIWindow>(CGRect{{}, screenSize_});
+    auto window = std::make_shared<UIWindow>(CGRect{{}, screenSize_});
     window->setRootViewController(screen_);
     return window;
   }
   const CGRect frame = CGRectMake(0, 0, kWidth, bottom_ + kMargin);
-  const auto window = std::make_shared<UIWindow>(frame);
+  auto window = std::make_shared<UIWindow>(frame);
   board_->setFrame(frame);
   window->addSubview(board_);
   return window;

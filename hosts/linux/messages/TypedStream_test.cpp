@@ -23,7 +23,7 @@ const std::string kHeader = "\x04\x0bstreamtyped\x81\xe8\x03\x84\x01@"s;
 const std::string kString = "\x84\x84\x84\x08NSString\x01\x84\x84\x08NSObject\x00\x85\x84\x01+"s;
 
 TEST(TypedStreamTest, ReadsTextsOfAnyLength) {
-  for (const std::size_t length : {0, 1, 127, 128, 255, 256, 65535}) {
+  for (const std::size_t length : {0U, 1U, 127U, 128U, 255U, 256U, 65535U}) {
     const std::string text(length, 'x');
     EXPECT_EQ(textOf(archivedText(text)), text) << length;
   }

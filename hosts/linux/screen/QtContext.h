@@ -22,7 +22,7 @@ namespace zephyl::linux_host {
 
 struct PaintCaches;
 
-class QtContext : public CGContext {
+class QtContext final : public CGContext {
  public:
   // `painter` paints on a picture of `pixels`; its transform, which is that from points to pixels,
   // and its clip are where this begins. The painter and the caches outlive this.

@@ -52,7 +52,7 @@ CGBitmapRef bitmapOf(const QImage& image) {
 
 QImage ScaledPictures::scaled(const CGBitmapRef& bitmap, QSize pixels,
                               const std::optional<QRgb>& tint) {
-  const QImage whole = imageOf(bitmap);
+  QImage whole = imageOf(bitmap);
   if (whole.isNull() || pixels.isEmpty()) {
     return {};
   }

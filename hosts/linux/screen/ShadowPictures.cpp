@@ -26,17 +26,18 @@ void blurLine(std::uint8_t* values, int count, std::ptrdiff_t stride, int radius
   for (int i = 0; i < count; ++i) {
     old[static_cast<std::size_t>(i)] = values[i * stride];
   }
+  const auto at = [&old](int place) { return int{old[static_cast<std::size_t>(place)]}; };
   const int width = 2 * radius + 1;
   int sum = 0;
   for (int i = 0; i < std::min(radius, count); ++i) {
-    sum += old[static_cast<std::size_t>(i)];
+    sum += at(i);
   }
   for (int i = 0; i < count; ++i) {
     if (i + radius < count) {
-      sum += old[static_cast<std::size_t>(i + radius)];
+      sum += at(i + radius);
     }
     if (i - radius - 1 >= 0) {
-      sum -= old[static_cast<std::size_t>(i - radius - 1)];
+      sum -= at(i - radius - 1);
     }
     values[i * stride] = static_cast<std::uint8_t>((sum + width / 2) / width);
   }

@@ -77,6 +77,7 @@ TextOverlay::~TextOverlay() {
 void TextOverlay::showIn(QWidget* widget, double zoom) {
   if (widget != widget_) {
     delete editor_.data();
+    editor_.clear();
     widget_ = widget;
   }
   zoom_ = zoom;
