@@ -80,19 +80,33 @@ UIImageRef imageOf(std::vector<std::uint32_t> words, const Canvas& canvas) {
   return std::make_shared<const UIImage>(std::move(bitmap), canvas.scale);
 }
 
-std::vector<std::uint32_t> rowOf(const std::vector<UIColor::Channels>& strips,
-                                 const std::vector<std::size_t>& columnEdges, CGFloat white) {
-  const std::uint32_t alpha = word(white);
-  std::vector<std::uint32_t> row(columnEdges.back());
-  for (std::size_t column = 0; column < strips.size(); ++column) {
-    const UIColor::Channels& strip = strips[column];
-    const std::uint32_t color = kOpaque | whitened(word(strip.red), alpha) << 16U |
-                                whitened(word(strip.green), alpha) << 8U |
-                                whitened(word(strip.blue), alpha);
-    std::fill(row.begin() + static_cast<std::ptrdiff_t>(columnEdges[column]),
-              row.begin() + static_cast<std::ptrdiff_t>(columnEdges[column + 1]), color);
+// The channels of 255.
+struct Strip {
+  std::uint32_t red = 0;
+  std::uint32_t green = 0;
+  std::uint32_t blue = 0;
+};
+
+std::vector<Strip> stripsOf(int columns) {
+  std::vector<Strip> strips;
+  strips.reserve(static_cast<std::size_t>(columns));
+  for (int column = 0; column < columns; ++column) {
+    const UIColor::Channels channels = stripColor(column, columns).channels();
+    strips.push_back({word(channels.red), word(channels.green), word(channels.blue)});
   }
-  return row;
+  return strips;
+}
+
+// A line of pixels of a band in which white has `alpha` of 255.
+void fillLine(std::vector<std::uint32_t>& line, const std::vector<Strip>& strips,
+              const std::vector<std::size_t>& columnEdges, std::uint32_t alpha) {
+  for (std::size_t column = 0; column < strips.size(); ++column) {
+    const Strip& strip = strips[column];
+    const std::uint32_t color = kOpaque | whitened(strip.red, alpha) << 16U |
+                                whitened(strip.green, alpha) << 8U | whitened(strip.blue, alpha);
+    std::fill(line.begin() + static_cast<std::ptrdiff_t>(columnEdges[column]),
+              line.begin() + static_cast<std::ptrdiff_t>(columnEdges[column + 1]), color);
+  }
 }
 
 }  // namespace
@@ -114,19 +128,16 @@ UIImageRef colorMapImage(const HRColorGrid& grid, CGFloat limit) {
   if (canvas.isEmpty()) {
     return nullptr;
   }
-  std::vector<UIColor::Channels> strips;
-  strips.reserve(static_cast<std::size_t>(grid.columns));
-  for (int column = 0; column < grid.columns; ++column) {
-    strips.push_back(stripColor(column, grid.columns).channels());
-  }
+  const std::vector<Strip> strips = stripsOf(grid.columns);
   const CGFloat tile = grid.tileSize * canvas.scale;
   const auto columnEdges = edges(grid.columns, tile, canvas.width);
   const auto rowEdges = edges(grid.rows, tile, canvas.height);
   // Grown row by row: cleared first, the pixels would be written twice.
   std::vector<std::uint32_t> words;
   words.reserve(canvas.width * canvas.height);
+  std::vector<std::uint32_t> line(canvas.width);
   for (int row = 0; row < grid.rows; ++row) {
-    const auto line = rowOf(strips, columnEdges, whiteAlpha(row, grid.rows, limit));
+    fillLine(line, strips, columnEdges, word(whiteAlpha(row, grid.rows, limit)));
     const auto place = static_cast<std::size_t>(row);
     for (std::size_t y = rowEdges[place]; y < rowEdges[place + 1]; ++y) {
       words.insert(words.end(), line.begin(), line.end());
