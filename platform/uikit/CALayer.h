@@ -92,6 +92,10 @@ class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
   // lies outside the context's clip is left out. Kept: a shadow is drawn outside a clipping layer.
   void render(CGContext& context);
 
+  // Whether the colour of one layer directly above hides all that is drawn below it in `rect`,
+  // which is in this layer's space. False where that is hard to tell.
+  [[nodiscard]] bool sublayersCover(const CGRect& rect, UIUserInterfaceStyle style) const;
+
   // From this layer's space to that of the lowest layer, by `state`.
   [[nodiscard]] CGAffineTransform transformToRoot() const;
 
@@ -119,6 +123,7 @@ class ZP_EXPORT CALayer : public std::enable_shared_from_this<CALayer> {
   [[nodiscard]] CGRect ownExtent(const LayerState& shown) const;
   // Whether it may draw more than background, border and shadow of its own.
   [[nodiscard]] bool mayDrawContents() const;
+  [[nodiscard]] bool covers(const CGRect& rect, UIUserInterfaceStyle style) const;
   [[nodiscard]] LayerSurface* rootSurface() const;
   void invalidate() const { invalidateRect({}, /*whole=*/true); }
   void invalidateRect(CGRect rect, bool whole) const;

@@ -173,7 +173,7 @@ TEST_F(CALayerRenderingTest, ATreeOfAnyDepthIsDrawn) {
   for (std::size_t i = 1; i < kDepth; ++i) {
     const auto below = std::make_shared<CALayer>();
     below->setFrame(CGRectMake(0, 0, 100, 100));
-    below->setBackgroundColor(UIColor::greenColor());
+    below->setBackgroundColor(UIColor::colorWithRed(0, 1, 0, 0.5));
     below->addSublayer(layer_);
     layer_ = below;
   }
@@ -192,6 +192,63 @@ TEST_F(CALayerRenderingTest, AGradientRunsFromPointToPoint) {
   ASSERT_EQ(drawn().size(), 1U);
   EXPECT_THAT(drawn()[0], ::testing::StartsWith("gradient (0 0 20 10)"));
   EXPECT_THAT(drawn()[0], ::testing::HasSubstr("#007affff"));
+}
+
+// A white layer of 100 by 100 points, with a red one of the same size in it.
+class CoveredLayerTest : public ::testing::Test {
+ protected:
+  CoveredLayerTest() {
+    below_->setBackgroundColor(UIColor::whiteColor());
+    above_->setBackgroundColor(UIColor::redColor());
+    for (const auto& layer : {below_, above_}) {
+      layer->setFrame(CGRectMake(0, 0, 100, 100));
+    }
+    below_->addSublayer(above_);
+  }
+  [[nodiscard]] int fills(const CGRect& clip = CGRectMake(0, 0, 100, 100)) {
+    fake::RecordingContext context(clip, UIUserInterfaceStyle::kLight);
+    below_->render(context);
+    return context.countOf("fill");
+  }
+
+  fake::Device device_;
+  std::shared_ptr<CALayer> below_ = std::make_shared<CALayer>();
+  std::shared_ptr<CALayer> above_ = std::make_shared<CALayer>();
+};
+
+TEST_F(CoveredLayerTest, ABackgroundThatNobodySeesIsNotDrawn) {
+  EXPECT_EQ(fills(), 1);
+}
+
+TEST_F(CoveredLayerTest, ABackgroundIsDrawnWhereItIsSeenBesideTheLayerAboveIt) {
+  above_->setFrame(CGRectMake(0, 10, 100, 90));
+  EXPECT_EQ(fills(), 2);
+  EXPECT_EQ(fills(CGRectMake(0, 10, 100, 20)), 1);
+}
+
+TEST_F(CoveredLayerTest, ABackgroundIsDrawnWhereItIsSeenThroughTheLayerAboveIt) {
+  above_->setBackgroundColor(UIColor::colorWithRed(1, 0, 0, 0.9));
+  EXPECT_EQ(fills(), 2);
+  above_->setBackgroundColor(UIColor::redColor());
+  above_->setOpacity(0.9);
+  EXPECT_EQ(fills(), 2);
+  above_->setOpacity(1);
+  above_->setCornerRadius(1);
+  EXPECT_EQ(fills(), 2);
+  above_->setCornerRadius(0);
+  above_->setHidden(true);
+  EXPECT_EQ(fills(), 1);
+}
+
+// At their edges both are drawn in part.
+TEST_F(CoveredLayerTest, ABackgroundIsDrawnUnderRoundAndTurnedEdges) {
+  below_->setMasksToBounds(true);
+  EXPECT_EQ(fills(), 1);
+  below_->setCornerRadius(10);
+  EXPECT_EQ(fills(), 2);
+  below_->setCornerRadius(0);
+  below_->setTransform(CGAffineTransformMakeRotation(0.1));
+  EXPECT_EQ(fills(CGRectMake(40, 40, 10, 10)), 2);
 }
 
 }  // namespace

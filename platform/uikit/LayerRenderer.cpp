@@ -98,6 +98,9 @@ bool LayerRenderer::begin(Step& step) {
   if (!seen && (layer.masksToBounds() || layer.sublayers().empty())) {
     return false;
   }
+  step.blends = shown.transform != CGAffineTransformIdentity ||
+                (layer.masksToBounds() && shown.cornerRadius > 0);
+  blending_ += static_cast<int>(step.blends);
   context_.saveState();
   context_.concat(toSuperlayer);
   if (shown.opacity < 1) {
@@ -110,7 +113,7 @@ bool LayerRenderer::begin(Step& step) {
   }
   drawShadow(step);
   const UIColor background = resolved(shown.backgroundColor, step.alpha);
-  if (isVisible(background) && !shown.bounds.isEmpty()) {
+  if (isVisible(background) && !shown.bounds.isEmpty() && !isCovered(layer)) {
     context_.fill(shapeOf(layer, shown), background);
   }
   if (layer.masksToBounds()) {
@@ -121,6 +124,10 @@ bool LayerRenderer::begin(Step& step) {
     drawContents(step);
   }
   return true;
+}
+
+bool LayerRenderer::isCovered(const CALayer& layer) const {
+  return blending_ == 0 && layer.sublayersCover(context_.clipBounds(), style_);
 }
 
 void LayerRenderer::drawShadow(const Step& step) {
@@ -159,6 +166,7 @@ void LayerRenderer::complete(const Step& step) {
     context_.endLayer();
   }
   context_.restoreState();
+  blending_ -= static_cast<int>(step.blends);
 }
 
 bool LayerRenderer::drawsOneThing(const Step& step) const {

@@ -25,6 +25,8 @@ class LayerRenderer {
     std::shared_ptr<CALayer> keep;
     bool begun = false;
     bool grouped = false;
+    // Its clip or its turn blends at edges.
+    bool blends = false;
     // What its colours are to be multiplied with.
     CGFloat alpha = 1;
     LayerState shown;
@@ -33,6 +35,8 @@ class LayerRenderer {
   // Whether anything of it can be seen; else nothing was drawn.
   bool begin(Step& step);
   void complete(const Step& step);
+  // Whether nothing drawn by the layer below its sublayers can be seen.
+  [[nodiscard]] bool isCovered(const CALayer& layer) const;
   void drawShadow(const Step& step);
   void drawContents(const Step& step);
   [[nodiscard]] bool drawsOneThing(const Step& step) const;
@@ -40,6 +44,8 @@ class LayerRenderer {
 
   CGContext& context_;
   UIUserInterfaceStyle style_;
+  // Of the steps begun. What is drawn twice at such an edge is seen to be.
+  int blending_ = 0;
 };
 
 }  // namespace zephyl

@@ -103,13 +103,26 @@ void WindowPicture::move(const Damage::Move& move, Update& update) {
   update.moved += count(target);
 }
 
+// By something that fills the window: then nothing is seen of what is below.
+bool WindowPicture::isCovered(const QRect& pixels) const {
+  const CALayer& layer = *window_.layer();
+  const LayerState shown = layer.presentation();
+  const CGRect points = CGRectMake(pixels.x() / scale_, pixels.y() / scale_,
+                                   pixels.width() / scale_, pixels.height() / scale_);
+  return !layer.isHidden() && shown.opacity >= 1 && shown.cornerRadius <= 0 &&
+         shown.transform == CGAffineTransformIdentity &&
+         layer.sublayersCover(CGRectOffset(points, shown.bounds.x(), shown.bounds.y()), style_);
+}
+
 void WindowPicture::paint(const QRect& pixels, Update& update) {
   if (pixels.isEmpty()) {
     return;
   }
   QPainter painter(&image_);
   painter.setClipRect(pixels);
-  painter.fillRect(pixels, Qt::black);
+  if (!isCovered(pixels)) {
+    painter.fillRect(pixels, Qt::black);
+  }
   painter.scale(scale_, scale_);
   painter.translate(-window_.frame().x(), -window_.frame().y());
   QtContext context(painter, pixels, style_, caches_);

@@ -45,6 +45,7 @@ class WindowPicture {
 
  private:
   void move(const Damage::Move& move, Update& update);
+  [[nodiscard]] bool isCovered(const QRect& pixels) const;
   void paint(const QRect& pixels, Update& update);
 
   UIWindow& window_;
