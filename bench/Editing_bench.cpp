@@ -1,7 +1,6 @@
 // What one edit costs with 100 groups of 20 members over 100,000 conversations, part by part, and
 // what a save costs.
 
-#include <QCoreApplication>
 #include <cstddef>
 #include <stdexcept>
 #include <string>
@@ -136,13 +135,3 @@ BENCHMARK(BM_Notification)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace zephyl::bench
-
-int main(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-    return 1;
-  }
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
