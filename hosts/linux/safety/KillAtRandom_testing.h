@@ -23,9 +23,26 @@ struct KillPlan {
   // Looks at what is left; the last number printed by any of the programs so far, or 0.
   std::function<void(long acknowledged)> check;
   int kills = 300;
+  // Counted for one program from its start, for the next from its first save, which a slow machine
+  // may see late.
   std::chrono::milliseconds longestLife{40};
-  std::chrono::seconds limit{20};  // no further program is started after that
+  std::chrono::seconds limit{60};  // no further program is started after that
 };
+
+// Whether the program saved before long.
+inline bool hasSaved(ChildProcess& program, const std::string& output, const std::string& before) {
+  constexpr std::chrono::milliseconds kBeat{1};
+  for (int beats = 0; beats < 20'000; ++beats) {
+    const std::string now = contentOf(output);
+    if (now != before && now.ends_with('\n')) {
+      return true;
+    }
+    if (program.wait(kBeat)) {
+      return false;
+    }
+  }
+  return false;
+}
 
 // The number of programs killed.
 inline int killAtRandom(const KillPlan& plan) {
@@ -39,7 +56,11 @@ inline int killAtRandom(const KillPlan& plan) {
   int killed = 0;
   while (killed < plan.kills && !::testing::Test::HasFailure() &&
          std::chrono::steady_clock::now() - start < plan.limit) {
+    const std::string before = contentOf(options.outputFile);
     ChildProcess program(plan.words, options);
+    if (killed % 2 == 1) {
+      EXPECT_TRUE(hasSaved(program, options.outputFile, before));
+    }
     const auto ended = program.wait(std::chrono::milliseconds(life(random)));
     EXPECT_FALSE(ended) << "it ended by itself with status " << *ended;
     program.signal(SIGKILL);
