@@ -26,6 +26,9 @@ struct Places {
   // The record ids that were given to people whose source has none.
   [[nodiscard]] std::filesystem::path recordIDs() const { return device / "record-ids"; }
 
+  // The people that the user added here, for no source of the user's is ever written.
+  [[nodiscard]] std::filesystem::path addedPeople() const { return device / "added-people.vcf"; }
+
   // A phone's path below the device root.
   [[nodiscard]] std::filesystem::path onDevice(const std::string& phonePath) const {
     return device / phonePath.substr(1);

@@ -10,6 +10,7 @@
 #include "platform/foundation/SystemLog.h"
 
 #include "apps/common/CommandError.h"
+#include "apps/common/DeviceLock.h"
 #include "apps/common/Favorites.h"
 #include "hosts/common/FilteredConversationList.h"
 #include "hosts/linux/LinuxDevice.h"
@@ -18,6 +19,7 @@
 #include "hosts/linux/contacts/FavoritesFile.h"
 #include "hosts/linux/contacts/HomeRegion.h"
 #include "hosts/linux/contacts/PhoneFormatter.h"
+#include "hosts/linux/contacts/VCardWriter.h"
 #include "hosts/linux/messages/MessagesDatabase.h"
 #include "hosts/linux/sources/ConversationFacts.h"
 #include "hosts/linux/sources/LinuxAddressBook.h"
@@ -65,11 +67,55 @@ UserData::UserData(const Places& places, Reports reports)
       homeRegion_(linux_host::homeRegionFor(telephoneLocale())) {}
 
 linux_host::ContactsReading UserData::readContacts() const {
-  if (places_.contacts.empty()) {
+  const std::vector<std::string> files = sources();
+  if (files.empty()) {
     return {};
   }
   linux_host::RecordIDs ids(places_.recordIDs(), access_);
-  return linux_host::readContacts(places_.contacts, ids);
+  return linux_host::readContacts(files, ids);
+}
+
+std::vector<std::string> UserData::sources() const {
+  std::vector<std::string> files = places_.contacts;
+  std::error_code error;
+  if (std::filesystem::exists(places_.addedPeople(), error)) {
+    files.push_back(places_.addedPeople().string());
+  }
+  return files;
+}
+
+ABPersonRef UserData::addPerson(const ABPerson& person, NSError& error) {
+  ABPerson added = person;
+  added.guid = linux_host::newGuid();
+  const auto fail = [&](const std::string& reason) {
+    error = NSError(ABAddressBookErrorDomain, 0, {{kNSLocalizedDescriptionKey, reason}});
+    return ABPersonRef();
+  };
+  try {
+    const DeviceLock lock(places_.device);
+    if (const auto failure = linux_host::appendVCard(places_.addedPeople(), added)) {
+      return fail(*failure);
+    }
+    refreshPeople();
+  } catch (const CommandError& reason) {
+    return fail(reason.what());
+  }
+  const auto found = std::find_if(people_.begin(), people_.end(), [&](const ABPersonRef& each) {
+    return each->guid == added.guid;
+  });
+  return found == people_.end() ? fail("the person was written and is not found") : *found;
+}
+
+void UserData::watchPeople() {
+  std::vector<std::string> files = places_.contacts;
+  files.push_back(places_.addedPeople().string());
+  watcher_ = std::make_unique<linux_host::ContactsWatcher>(std::move(files), [this] {
+    try {
+      refreshPeople();
+    } catch (const CommandError& reason) {
+      reports_.badData(reason.what());
+    }
+  });
 }
 
 void UserData::take(linux_host::ContactsReading reading) {
@@ -87,13 +133,12 @@ void UserData::take(linux_host::ContactsReading reading) {
 
 void UserData::readPeople(linux_host::RecordIDs::Access access) {
   access_ = access;
-  stamps_ = linux_host::contactStamps(places_.contacts, places_.recordIDs());
+  stamps_ = linux_host::contactStamps(sources(), places_.recordIDs());
   take(readContacts());
 }
 
 void UserData::refreshPeople() {
-  linux_host::ContactStamps stamps =
-      linux_host::contactStamps(places_.contacts, places_.recordIDs());
+  linux_host::ContactStamps stamps = linux_host::contactStamps(sources(), places_.recordIDs());
   if (stamps == stamps_) {
     return;
   }
@@ -122,6 +167,8 @@ void UserData::serveBy(linux_host::DeviceOptions& options,
   options.conversationList = std::move(list);
   addressBook_ = std::make_shared<linux_host::LinuxAddressBook>(people_);
   addressBook_->setPeople(people_, errors_);
+  addressBook_->setAdder(
+      [this](const ABPerson& person, NSError& error) { return addPerson(person, error); });
   options.addressBook = addressBook_;
   options.favorites = std::make_unique<linux_host::LinuxFavorites>(favoritesReader(favorites));
   options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(homeRegion_);

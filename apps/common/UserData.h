@@ -11,9 +11,11 @@
 #include <vector>
 
 #include "platform/addressbook/ABPerson.h"
+#include "platform/foundation/NSError.h"
 
 #include "apps/common/Places.h"
 #include "hosts/linux/contacts/ContactStamps.h"
+#include "hosts/linux/contacts/ContactsWatcher.h"
 #include "hosts/linux/contacts/HandleMatcher.h"
 #include "hosts/linux/contacts/RecordIDs.h"
 #include "hosts/linux/sources/LinuxFavorites.h"
@@ -52,6 +54,10 @@ class UserData {
   // what could not be read before: it cannot be told then who is who. Each call tries again.
   void refreshPeople();
 
+  // From now on, while an event loop runs, people whose files change are read anew. What cannot be
+  // read is told, and all stays as it was.
+  void watchPeople();
+
   // Fills in what a device serves of them: the conversation list, empty for now, the address book,
   // the favourites (those of `favorites`, or of the device when it names none) and the form of
   // phone numbers. After `readPeople`. Throws CommandError for a favourite who is nobody.
@@ -68,7 +74,10 @@ class UserData {
   [[nodiscard]] const std::string& homeRegion() const { return homeRegion_; }
 
  private:
+  // The user's, and the file of those who were added here.
+  [[nodiscard]] std::vector<std::string> sources() const;
   [[nodiscard]] linux_host::ContactsReading readContacts() const;
+  [[nodiscard]] ABPersonRef addPerson(const ABPerson& person, NSError& error);
   void take(linux_host::ContactsReading reading);
   [[nodiscard]] linux_host::LinuxFavorites::Read favoritesReader(
       const std::vector<std::string>& favorites) const;
@@ -84,6 +93,7 @@ class UserData {
   std::shared_ptr<linux_host::LinuxAddressBook> addressBook_;  // shared with the device
   std::optional<linux_host::HandleMatcher> matcher_;
   FilteredConversationList* list_ = nullptr;  // the device's
+  std::unique_ptr<linux_host::ContactsWatcher> watcher_;
 };
 
 }  // namespace zephyl::app
