@@ -1,0 +1,122 @@
+// The picker of people on a device of Linux with a screen: from a file of vCards to Done.
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/controllers/UINavigationController.h"
+#include "platform/uikit/controllers/UINavigationItem.h"
+#include "platform/uikit/testing/TreeBuilder.h"
+#include "platform/uikit/text/UILabel.h"
+
+#include "apps/common/UserData.h"
+#include "hosts/contract/TemporaryFolder.h"
+#include "hosts/linux/LinuxDevice.h"
+#include "hosts/linux/LinuxDispatch.h"
+#include "hosts/linux/screen/EventLoop_testing.h"
+#include "hosts/linux/screen/LinuxUIKit.h"
+#include "ui/people/ZLPeoplePickerViewController.h"
+
+namespace zephyl::app {
+namespace {
+
+constexpr char kCards[] =
+    "BEGIN:VCARD\nVERSION:3.0\nN:Reed;Ann;;;\nFN:Ann Reed\nTEL:1\nEND:VCARD\n"
+    "BEGIN:VCARD\nVERSION:3.0\nN:\u00c4rm;\u00c9lise;;;\nFN:\u00c9lise "
+    "\u00c4rm\nTEL:2\nEND:VCARD\n";
+
+class Returned : public ZLPeoplePickerViewControllerDelegate {
+ public:
+  void didReturnWithSelectedPeople(ZLPeoplePickerViewController& /*picker*/,
+                                   const MemberSet& selected) override {
+    people = selected;
+  }
+  std::optional<MemberSet> people;
+};
+
+class PeoplePickerOnLinux : public ::testing::Test {
+ protected:
+  PeoplePickerOnLinux() {
+    folder_.put("/people.vcf", kCards);
+    std::filesystem::create_directory(folder_.path() + "/device");
+    places_.contacts = {folder_.path() + "/people.vcf"};
+    places_.device = folder_.path() + "/device";
+    data_.emplace(places_,
+                  UserData::Reports{[](const std::string&) {},
+                                    [](const std::string&, const std::vector<std::string>&) {}});
+    data_->readPeople();
+    linux_host::DeviceOptions options;
+    options.deviceRoot = places_.device.string();
+    options.uikit = std::make_unique<linux_host::LinuxUIKit>(linux_host::UIKitOptions());
+    data_->serveBy(options, {});
+    device_.emplace(std::move(options));
+    install(*device_);
+    window_ = std::make_shared<UIWindow>(CGRectMake(0, 0, 390, 844));
+    window_->setRootViewController(root_);
+  }
+  ~PeoplePickerOnLinux() override {
+    picker_ = nullptr;
+    window_ = nullptr;
+    root_ = nullptr;
+    uninstall();
+  }
+  PeoplePickerOnLinux(const PeoplePickerOnLinux&) = delete;
+  PeoplePickerOnLinux& operator=(const PeoplePickerOnLinux&) = delete;
+
+  std::shared_ptr<UITableViewCell> cellOf(const std::string& name) {
+    for (auto* const cell : test::viewsOf<UITableViewCell>(*picker_->tableView())) {
+      if (cell->textLabel()->text() == name) {
+        return std::static_pointer_cast<UITableViewCell>(cell->shared_from_this());
+      }
+    }
+    return nullptr;
+  }
+  bool waitFor(const std::function<bool()>& condition) {
+    return linux_host::runUntil([&] {
+      window_->layoutWindow();
+      return condition();
+    });
+  }
+  bool isTicked(const std::string& name) {
+    const auto cell = cellOf(name);
+    return cell != nullptr && cell->accessoryType() == UITableViewCellAccessoryType::kCheckmark;
+  }
+
+  contract::TemporaryFolder folder_;
+  Places places_;
+  std::optional<UserData> data_;
+  std::optional<linux_host::LinuxDevice> device_;
+  std::shared_ptr<UIViewController> root_ = std::make_shared<UIViewController>();
+  std::shared_ptr<UIWindow> window_;
+  std::shared_ptr<ZLPeoplePickerViewController> picker_;
+};
+
+TEST_F(PeoplePickerOnLinux, PeopleOfAFileAreTickedByTapAndHandedBack) {
+  const auto returned = std::make_shared<Returned>();
+  picker_ = ZLPeoplePickerViewController::presentPeoplePickerViewControllerForParentViewController(
+      root_, MemberSet());
+  picker_->setDelegate(returned);
+  picker_->setFiledMask(APContactFieldAll);
+  picker_->setNumberOfSelectedPeople(-1);
+  ASSERT_TRUE(waitFor([&] { return cellOf("Ann Reed") != nullptr && picker_->hasAppeared(); }));
+  ASSERT_NE(cellOf("\u00c9lise \u00c4rm"), nullptr);
+  EXPECT_EQ(picker_->titleForHeaderInSection(*picker_->tableView(), 0), "A");
+  const auto cell = cellOf("\u00c9lise \u00c4rm");
+  test::tap(*window_, cell->convertPointToView({60, cell->bounds().midY()}, nullptr));
+  ASSERT_TRUE(waitFor([&] { return isTicked("\u00c9lise \u00c4rm"); }));
+  EXPECT_FALSE(isTicked("Ann Reed"));
+  EXPECT_TRUE(picker_->navigationItem()->leftBarButtonItem()->performAction());
+  ASSERT_TRUE(returned->people);
+  ASSERT_EQ(returned->people->size(), 1U);
+  EXPECT_TRUE(returned->people->contains(std::int64_t{data_->people()[1]->recordID}));
+  EXPECT_TRUE(waitFor([&] { return root_->presentedViewController() == nullptr; }));
+}
+
+}  // namespace
+}  // namespace zephyl::app
