@@ -39,8 +39,8 @@ class Inventor {
     const std::size_t script = random_() % 3 == 0 ? random_() % scripts().size() : random_() % 4;
     const Syllables& syllables = scripts().at(script);
     made->recordID = number;
-    made->firstName = name(syllables, 1 + random_() % 2);
-    made->lastName = random_() % 10 == 0 ? std::string() : name(syllables, 1 + random_() % 3);
+    made->firstName = name(syllables, 1 + random_() % 3);
+    made->lastName = random_() % 10 == 0 ? std::string() : name(syllables, 2 + random_() % 3);
     made->compositeName =
         made->lastName.empty() ? made->firstName : made->firstName + " " + made->lastName;
     const auto phone = random_() % 50 == 0 ? random_() % 1000 : static_cast<unsigned>(number);

@@ -11,6 +11,7 @@
 #include <unicode/alphaindex.h>
 #include <unicode/coll.h>
 #include <unicode/locid.h>
+#include <unicode/tblcoll.h>
 #include <unicode/unistr.h>
 
 #include "platform/foundation/CaseFolding.h"

@@ -249,10 +249,17 @@ std::size_t ContactSearch::nextOccurrence(const Word& word, std::size_t from) co
         continue;
       }
     }
-    for (std::size_t i = at; i < at + count; ++i) {
-      if (firsts[i] == first && seconds[i] == second &&
-          std::memcmp(texts_.data() + i, word.text.data(), size) == 0) {
-        return i;
+    const char* const limit = firsts + at + count;
+    for (const char* found = firsts + at; found < limit; ++found) {
+      found = static_cast<const char*>(
+          std::memchr(found, first, static_cast<std::size_t>(limit - found)));
+      if (found == nullptr) {
+        break;
+      }
+      const auto place = static_cast<std::size_t>(found - firsts);
+      if (seconds[place] == second &&
+          std::memcmp(texts_.data() + place, word.text.data(), size) == 0) {
+        return place;
       }
     }
   }
