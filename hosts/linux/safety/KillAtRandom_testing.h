@@ -56,10 +56,10 @@ inline int killAtRandom(const KillPlan& plan) {
   int killed = 0;
   while (killed < plan.kills && !::testing::Test::HasFailure() &&
          std::chrono::steady_clock::now() - start < plan.limit) {
-    const std::string before = contentOf(options.outputFile);
+    const std::string earlier = contentOf(options.outputFile);
     ChildProcess program(plan.words, options);
     if (killed % 2 == 1) {
-      EXPECT_TRUE(hasSaved(program, options.outputFile, before));
+      EXPECT_TRUE(hasSaved(program, options.outputFile, earlier));
     }
     const auto ended = program.wait(std::chrono::milliseconds(life(random)));
     EXPECT_FALSE(ended) << "it ended by itself with status " << *ended;
