@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "platform/Host.h"
+#include "platform/chatkit/CKConversationList.h"
 #include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/NSNotificationCenter.h"
 #include "platform/foundation/SystemLog.h"
 
 #include "apps/common/CommandError.h"
@@ -181,8 +183,12 @@ void UserData::readConversations() {
   }
   reports_.warnings("messages", reading.value().warnings);
   list_->setShows(ruleShows);
+  list_->setActiveGroup(
+      [] { return ZephylsDataController::sharedInstance()->currentActiveZephyl(); });
   list_->setConversations(linux_host::conversationsOf(reading.value().conversations, *matcher_,
                                                       host().phoneFormatting()));
+  NSNotificationCenter::defaultCenter()->postNotificationName(
+      kCKConversationListChangedNotification);
 }
 
 }  // namespace zephyl::app

@@ -28,6 +28,46 @@ CKConversationArray FilteredConversationList::filteredConversationsByZephyl(
   return shown;
 }
 
+CKConversationRef FilteredConversationList::conversationForExistingChatWithGUID(
+    const std::string& guid) {
+  std::shared_ptr<const CKConversationArray> all;
+  {
+    const std::lock_guard lock(mutex_);
+    all = conversations_;
+  }
+  const auto found = std::find_if(
+      all->begin(), all->end(),
+      [&guid](const CKConversationRef& conversation) { return conversation->guid() == guid; });
+  return found == all->end() ? nullptr : *found;
+}
+
+void FilteredConversationList::shouldShowAllConversations(bool all) {
+  const std::lock_guard lock(mutex_);
+  showsAll_ = all;
+}
+
+bool FilteredConversationList::isShowingAllConversations() {
+  const std::lock_guard lock(mutex_);
+  return showsAll_;
+}
+
+CKConversationArray FilteredConversationList::listedConversations() {
+  ActiveGroup activeGroup;
+  {
+    const std::lock_guard lock(mutex_);
+    if (!showsAll_) {
+      activeGroup = activeGroup_;
+    }
+  }
+  const auto group = activeGroup ? activeGroup() : nullptr;
+  return group == nullptr ? conversations() : filteredConversationsByZephyl(group);
+}
+
+void FilteredConversationList::setActiveGroup(ActiveGroup activeGroup) {
+  const std::lock_guard lock(mutex_);
+  activeGroup_ = std::move(activeGroup);
+}
+
 void FilteredConversationList::setConversations(CKConversationArray conversations) {
   auto next = std::make_shared<const CKConversationArray>(std::move(conversations));
   const std::lock_guard lock(mutex_);

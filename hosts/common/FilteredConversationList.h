@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
 #include <utility>
 
 #include "platform/chatkit/CKConversationList.h"
@@ -20,6 +21,15 @@ class FilteredConversationList : public CKConversationList {
   CKConversationArray conversations() override;
   CKConversationArray filteredConversationsByZephyl(const std::shared_ptr<Zephyl>& zephyl) override;
 
+  CKConversationRef conversationForExistingChatWithGUID(const std::string& guid) override;
+  void shouldShowAllConversations(bool all) override;
+  CKConversationArray listedConversations() override;
+
+  // Which group the user is in; null for none. Runs like `Shows`. Without one, all are listed.
+  using ActiveGroup = std::function<std::shared_ptr<Zephyl>()>;
+  void setActiveGroup(ActiveGroup activeGroup);
+  [[nodiscard]] bool isShowingAllConversations();
+
   // The most recent first.
   void setConversations(CKConversationArray conversations);
 
@@ -32,6 +42,8 @@ class FilteredConversationList : public CKConversationList {
   std::shared_ptr<const CKConversationArray> conversations_ =
       std::make_shared<const CKConversationArray>();
   Shows shows_;
+  ActiveGroup activeGroup_;
+  bool showsAll_ = false;
 };
 
 }  // namespace zephyl

@@ -17,6 +17,10 @@
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/foundation/Dictionary.h"
 
+namespace zephyl {
+class FilteredConversationList;
+}
+
 namespace zephyl::contract {
 
 enum class Biometrics { kNone, kRecognizes, kDenies };
@@ -51,6 +55,8 @@ class DeviceUnderTest {
   // Who is in the address book; those there were go. With a status, whether one may look.
   virtual void setPeople(std::vector<ABPersonRef> people) = 0;
   virtual void setAuthorizationStatus(ABAuthorizationStatus status) = 0;
+  // What fills the conversation list; for Linux a new device, which has one.
+  [[nodiscard]] virtual FilteredConversationList& conversations() = 0;
 
   virtual void setSystemVersion(const std::string& version) = 0;
 

@@ -60,6 +60,7 @@ class FakeUnderTest : public DeviceUnderTest {
   void setAuthorizationStatus(ABAuthorizationStatus status) override {
     device_.people().setAuthorizationStatus(status);
   }
+  FilteredConversationList& conversations() override { return device_.conversationList(); }
 
   void setSystemVersion(const std::string& version) override {
     device_.device().setSystemVersion(version);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/foundation/NSError.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include "hosts/contract/DeviceUnderTest.h"
@@ -103,6 +104,33 @@ TEST_P(FilesContract, AFailedAtomicWriteGivesFalseAndALine) {
   }
   EXPECT_THAT(files().contentsOfDirectoryAtPath("/folder"), ElementsAre("file"));
   EXPECT_EQ(files().contentsAtPath("/folder/file"), "text");
+}
+
+TEST_P(FilesContract, AFolderIsMadeWithThoseAboveItAndMayBeThere) {
+  NSError error("untouched", 1);
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_TRUE(files().createDirectoryAtPath("/var/mobile/pictures", &error));
+    EXPECT_TRUE(files().fileExistsAtPath("/var/mobile/pictures"));
+    EXPECT_TRUE(files().fileExistsAtPath("/var/mobile"));
+  }
+  EXPECT_TRUE(files().writeToFileAtomically("/var/mobile/pictures/1.png", "picture"));
+  EXPECT_TRUE(files().createDirectoryAtPath("/var/mobile", nullptr));
+  EXPECT_EQ(files().contentsAtPath("/var/mobile/pictures/1.png"), "picture");
+  EXPECT_EQ(error.domain(), "untouched");
+  EXPECT_THAT(device().log(), IsEmpty());
+}
+
+TEST_P(FilesContract, AFolderThatCannotBeMadeGivesFalseAnErrorAndALine) {
+  EXPECT_TRUE(files().writeToFile("/file", "text"));
+  for (const char* path : {"/file", "/file/below"}) {
+    NSError error;
+    EXPECT_FALSE(files().createDirectoryAtPath(path, &error)) << path;
+    EXPECT_NE(error.code(), 0) << path;
+    EXPECT_FALSE(error.localizedDescription().empty()) << path;
+    EXPECT_FALSE(files().createDirectoryAtPath(path, nullptr)) << path;
+    expectLogNames(path);
+  }
+  EXPECT_EQ(files().contentsAtPath("/file"), "text");
 }
 
 TEST_P(FilesContract, AFolderIsNeitherReadNorWritten) {

@@ -6,6 +6,7 @@
 
 #include <sys/stat.h>
 
+#include "hosts/common/FilteredConversationList.h"
 #include "hosts/contract/BusUnderTest.h"
 #include "hosts/contract/DeviceUnderTest.h"
 #include "hosts/contract/TemporaryFolder.h"
@@ -84,6 +85,14 @@ class LinuxUnderTest : public DeviceUnderTest {
     people_->setAuthorizationStatus(status);
   }
 
+  FilteredConversationList& conversations() override {
+    if (!hasConversations_) {
+      hasConversations_ = true;
+      restart();
+    }
+    return *conversations_;
+  }
+
   void setSystemVersion(const std::string& version) override {
     systemVersion_ = version;
     restart();
@@ -111,6 +120,11 @@ class LinuxUnderTest : public DeviceUnderTest {
       return added;
     });
     options.addressBook = people_;
+    if (hasConversations_) {
+      auto list = std::make_unique<FilteredConversationList>();
+      conversations_ = list.get();
+      options.conversationList = std::move(list);
+    }
     if (bus_ != nullptr) {
       bus_->serve(options);
     }
@@ -138,6 +152,8 @@ class LinuxUnderTest : public DeviceUnderTest {
   Biometrics biometrics_ = Biometrics::kNone;
   std::string systemVersion_ = "14.0";
   std::shared_ptr<linux_host::LinuxAddressBook> people_;
+  bool hasConversations_ = false;
+  FilteredConversationList* conversations_ = nullptr;  // the device's
   std::optional<LinuxDevice> device_;
 };
 

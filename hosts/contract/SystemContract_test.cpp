@@ -52,6 +52,12 @@ TEST_P(SystemContract, TheVersionIsTheOneGiven) {
   EXPECT_EQ(host().device().systemVersion(), "12.4.1");
 }
 
+TEST_P(SystemContract, ADeviceIsAPhoneUnlessToldOtherwise) {
+  EXPECT_EQ(host().device().userInterfaceIdiom(), UIUserInterfaceIdiom::kPhone);
+  device().setSystemVersion("6.0");
+  EXPECT_EQ(host().device().userInterfaceIdiom(), UIUserInterfaceIdiom::kPhone);
+}
+
 TEST_P(SystemContract, TheProcessIsTheMessagesAppUnlessToldOtherwise) {
   EXPECT_EQ(host().processInfo().bundleIdentifier(), "com.apple.MobileSMS");
   EXPECT_EQ(host().processInfo().bundlePath(), "/Applications/MobileSMS.app");

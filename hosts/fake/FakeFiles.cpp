@@ -89,7 +89,27 @@ std::vector<std::string> FakeFiles::contentsOfDirectoryAtPath(const std::string&
   return {names.begin(), names.end()};
 }
 
+bool FakeFiles::createDirectoryAtPath(const std::string& path, NSError* error) {
+  const std::lock_guard lock(mutex_);
+  const auto refused = unmakeable_.find(path);
+  if (refused == unmakeable_.end() && !files_.contains(path) && !liesBelowFile(path)) {
+    folders_.insert(path);
+    return true;
+  }
+  log_.log(path + ": not made");
+  if (error != nullptr) {
+    const NSError inTheWay(kNSCocoaErrorDomain, kNSFileWriteUnknownError,
+                           {{kNSLocalizedDescriptionKey, "There is a file of that name."}});
+    *error = refused == unmakeable_.end() ? inTheWay : refused->second.value_or(NSError());
+  }
+  return false;
+}
+
 bool FakeFiles::isDirectory(const std::string& path) const {
+  const auto made = folders_.lower_bound(path);
+  if (made != folders_.end() && (*made == path || made->starts_with(path + "/"))) {
+    return true;
+  }
   const std::string prefix = path + "/";
   const auto at = files_.lower_bound(prefix);
   return at != files_.end() && at->first.starts_with(prefix);
@@ -128,6 +148,11 @@ void FakeFiles::failReading(const std::string& path, bool fails) {
 void FakeFiles::failWriting(const std::string& path, bool fails) {
   const std::lock_guard lock(mutex_);
   setMembership(unwritable_, path, fails);
+}
+
+void FakeFiles::failMakingFolder(const std::string& path, std::optional<NSError> error) {
+  const std::lock_guard lock(mutex_);
+  unmakeable_[path] = std::move(error);
 }
 
 void FakeFiles::failWritingAfter(const std::string& path, std::size_t bytes) {

@@ -1,5 +1,5 @@
-// Files in memory, by the phone's paths; any of them can be made to fail. A folder is there while a
-// file lies in it.
+// Files in memory, by the phone's paths; any of them can be made to fail. A folder is there once
+// it was made, and while a file lies in it.
 
 #pragma once
 
@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/foundation/NSError.h"
 #include "platform/foundation/NSFileManager.h"
 
 #include "hosts/fake/FakeSystem.h"
@@ -27,6 +28,7 @@ class FakeFiles : public NSFileManager {
   bool writeToFileAtomically(const std::string& path, const std::string& contents) override;
   bool fileExistsAtPath(const std::string& path) override;
   bool isSymbolicLinkAtPath(const std::string& path) override;
+  bool createDirectoryAtPath(const std::string& path, NSError* error) override;
   std::vector<std::string> contentsOfDirectoryAtPath(const std::string& path) override;
 
   // Puts a file there without counting it as written.
@@ -40,6 +42,9 @@ class FakeFiles : public NSFileManager {
   // A device that fills up: the next writes fail with only the first `bytes` in the file, or, when
   // they go through a temporary file, with what was there.
   void failWritingAfter(const std::string& path, std::size_t bytes);
+
+  // Making that folder then fails: with the error, or without telling why.
+  void failMakingFolder(const std::string& path, std::optional<NSError> error);
 
   // How often a write of that path was asked for, failed ones included.
   [[nodiscard]] int writesOf(const std::string& path);
@@ -56,6 +61,8 @@ class FakeFiles : public NSFileManager {
   FakeSystemLog& log_;
   std::mutex mutex_;
   std::map<std::string, std::string> files_;
+  std::set<std::string> folders_;
+  std::map<std::string, std::optional<NSError>> unmakeable_;
   std::set<std::string> links_;
   std::set<std::string> unreadable_;
   std::set<std::string> unwritable_;

@@ -33,14 +33,18 @@ class FakeUIDevice : public UIDevice {
     const std::lock_guard lock(mutex_);
     return version_;
   }
+  UIUserInterfaceIdiom userInterfaceIdiom() override { return idiom_; }
   void setSystemVersion(std::string version) {
     const std::lock_guard lock(mutex_);
     version_ = std::move(version);
   }
+  // A phone at first.
+  void setUserInterfaceIdiom(UIUserInterfaceIdiom idiom) { idiom_ = idiom; }
 
  private:
   std::mutex mutex_;
   std::string version_ = "11.4";
+  std::atomic<UIUserInterfaceIdiom> idiom_ = UIUserInterfaceIdiom::kPhone;
 };
 
 class FakeProcessInfo : public ProcessInfo {

@@ -23,6 +23,11 @@ class EmptyConversationList : public CKConversationList {
       const std::shared_ptr<Zephyl>& /*zephyl*/) override {
     return {};
   }
+  CKConversationRef conversationForExistingChatWithGUID(const std::string& /*guid*/) override {
+    return nullptr;
+  }
+  void shouldShowAllConversations(bool /*all*/) override {}
+  CKConversationArray listedConversations() override { return {}; }
 };
 
 class EmptyAddressBook : public ABAddressBook {

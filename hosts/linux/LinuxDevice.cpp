@@ -59,7 +59,7 @@ struct LinuxDevice::Parts {
               std::move(options.safety)),
         userDefaults(root, log, clock, options.bundleIdentifier),
         processInfo(options.bundleIdentifier, std::move(options.languages)),
-        device(std::move(options.systemVersion)),
+        device(std::move(options.systemVersion), options.userInterfaceIdiom),
         vibration(dispatch, options.bundleIdentifier),
         hasBiometrics(options.hasBiometrics),
         authenticate(std::move(options.authenticate)),

@@ -20,6 +20,7 @@
 #include "platform/foundation/DarwinNotificationCenter.h"
 #include "platform/foundation/Dispatch.h"
 #include "platform/foundation/SystemLog.h"
+#include "platform/uikit/UIDevice.h"
 #include "platform/uikit/UIKitHost.h"
 
 #include "hosts/linux/OverwriteGuard.h"
@@ -36,6 +37,7 @@ struct DeviceOptions {
   std::string overlay;     // the program's own files; empty: none
 
   std::string systemVersion = "14.0";
+  UIUserInterfaceIdiom userInterfaceIdiom = UIUserInterfaceIdiom::kPhone;
   std::string bundleIdentifier = "com.apple.MobileSMS";
   std::vector<std::string> languages = {"en"};  // tags, the best first
 

@@ -5,7 +5,10 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/foundation/NSError.h"
 #include "platform/foundation/SystemLog.h"
+
+#include "hosts/linux/FileContents.h"
 
 namespace zephyl::linux_host {
 
@@ -37,6 +40,25 @@ bool LinuxFiles::fileExistsAtPath(const std::string& path) {
 
 bool LinuxFiles::isSymbolicLinkAtPath(const std::string& path) {
   return root_.isLink(path);
+}
+
+bool LinuxFiles::createDirectoryAtPath(const std::string& path, NSError* error) {
+  const DeviceLocation location = root_.forWriting(path);
+  FileFailure failed =
+      location.refusal.empty() ? makeFolders(location.path) : FileFailure(location.refusal);
+  std::error_code unknown;
+  if (!failed && !fs::is_directory(location.path, unknown)) {
+    failed = "there is a file of that name";
+  }
+  if (failed) {
+    const std::string problem = path + ": not made: " + *failed;
+    log_.log(problem);
+    if (error != nullptr) {
+      *error = NSError(kNSCocoaErrorDomain, kNSFileWriteUnknownError,
+                       {{kNSLocalizedDescriptionKey, problem}});
+    }
+  }
+  return !failed;
 }
 
 std::vector<std::string> LinuxFiles::contentsOfDirectoryAtPath(const std::string& path) {

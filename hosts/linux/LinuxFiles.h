@@ -23,6 +23,7 @@ class LinuxFiles : public NSFileManager {
   bool writeToFileAtomically(const std::string& path, const std::string& contents) override;
   bool fileExistsAtPath(const std::string& path) override;
   bool isSymbolicLinkAtPath(const std::string& path) override;
+  bool createDirectoryAtPath(const std::string& path, NSError* error) override;
   std::vector<std::string> contentsOfDirectoryAtPath(const std::string& path) override;
 
  private:

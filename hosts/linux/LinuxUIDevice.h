@@ -11,12 +11,15 @@ namespace zephyl::linux_host {
 
 class LinuxUIDevice : public UIDevice {
  public:
-  explicit LinuxUIDevice(std::string systemVersion) : systemVersion_(std::move(systemVersion)) {}
+  LinuxUIDevice(std::string systemVersion, UIUserInterfaceIdiom idiom)
+      : systemVersion_(std::move(systemVersion)), idiom_(idiom) {}
 
   std::string systemVersion() override { return systemVersion_; }
+  UIUserInterfaceIdiom userInterfaceIdiom() override { return idiom_; }
 
  private:
   const std::string systemVersion_;
+  const UIUserInterfaceIdiom idiom_;
 };
 
 }  // namespace zephyl::linux_host

@@ -35,6 +35,8 @@ class CKConversation {
   CKConversation& operator=(const CKConversation&) = delete;
 
   [[nodiscard]] const std::string& guid() const { return facts_.guid; }
+  // For display.
+  [[nodiscard]] const std::string& name() const { return facts_.name; }
   [[nodiscard]] bool isGroupConversation() const { return facts_.isGroupConversation; }
   [[nodiscard]] bool hasUnreadMessages() const { return facts_.hasUnreadMessages; }
   [[nodiscard]] const std::vector<IMHandle>& handles() const { return facts_.handles; }

@@ -27,4 +27,14 @@ std::string NSError::localizedRecoverySuggestion() const {
   return text(kNSLocalizedRecoverySuggestionErrorKey);
 }
 
+std::string NSError::description() const {
+  return std::string("Error Domain=")
+      .append(domain_)
+      .append(" Code=")
+      .append(std::to_string(code_))
+      .append(" \"")
+      .append(localizedDescription())
+      .append("\"");
+}
+
 }  // namespace zephyl

@@ -17,6 +17,10 @@ inline constexpr const char* kNSLocalizedFailureReasonErrorKey = "NSLocalizedFai
 inline constexpr const char* kNSLocalizedRecoverySuggestionErrorKey =
     "NSLocalizedRecoverySuggestion";
 
+// Of what the system itself could not do, and the code of what could not be written.
+inline constexpr const char* kNSCocoaErrorDomain = "NSCocoaErrorDomain";
+inline constexpr std::int64_t kNSFileWriteUnknownError = 512;
+
 class ZP_EXPORT NSError {
  public:
   NSError() = default;
@@ -34,6 +38,9 @@ class ZP_EXPORT NSError {
   // Empty when the user info has none.
   [[nodiscard]] std::string localizedFailureReason() const;
   [[nodiscard]] std::string localizedRecoverySuggestion() const;
+
+  // For logs: domain, code and description.
+  [[nodiscard]] std::string description() const;
 
   friend bool operator==(const NSError&, const NSError&) = default;
 

@@ -30,6 +30,11 @@ TEST(NSErrorTest, IgnoresUserInfoThatIsNotText) {
   EXPECT_EQ(error.localizedRecoverySuggestion(), "");
 }
 
+TEST(NSErrorTest, DescribesItselfForLogs) {
+  EXPECT_EQ(NSError("d", 7, {{kNSLocalizedDescriptionKey, "Full."}}).description(),
+            "Error Domain=d Code=7 \"Full.\"");
+}
+
 TEST(NSErrorTest, IsEqualByDomainCodeAndUserInfo) {
   EXPECT_EQ(NSError("d", 1), NSError("d", 1));
   EXPECT_FALSE(NSError("d", 1) == NSError("d", 2));

@@ -8,6 +8,8 @@
 
 namespace zephyl {
 
+class NSError;
+
 class NSFileManager {
  public:
   virtual ~NSFileManager() = default;
@@ -28,6 +30,10 @@ class NSFileManager {
   // Whether the item itself is a symbolic link, wherever it leads. Links before the last part of
   // the path are followed. Any thread.
   [[nodiscard]] virtual bool isSymbolicLinkAtPath(const std::string& path) = 0;
+
+  // With those above it; one that is there already is good. False when anything failed, with the
+  // reason in `error`, which may be null, and in the system log. Any thread.
+  virtual bool createDirectoryAtPath(const std::string& path, NSError* error) = 0;
 
   // Names, not paths, sorted; empty when there is no such directory.
   [[nodiscard]] virtual std::vector<std::string> contentsOfDirectoryAtPath(
