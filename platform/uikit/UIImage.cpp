@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <limits>
 #include <optional>
 
 #include "platform/Host.h"
@@ -99,6 +101,21 @@ UIImageRef UIImage::hr_imageWithSize(CGSize size, bool opaque, const Renderer& r
   }
   renderer(drawing->context(), {{0, 0}, size});
   return std::make_shared<const UIImage>(drawing->bitmap(), scale);
+}
+
+Data UIImagePNGRepresentation(const UIImage& image) {
+  constexpr std::array<std::uint8_t, 8> kSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+  const Data& file = image.file();
+  UIGraphics& graphics = uikitHost().graphics();
+  const CGBitmapRef bitmap = file.empty()
+                                 ? image.bitmap()
+                                 : graphics.decode(file, std::numeric_limits<int>::max(), nullptr);
+  if (bitmap == nullptr) {
+    return {};
+  }
+  const bool isPng = file.size() > kSignature.size() &&
+                     std::equal(kSignature.begin(), kSignature.end(), file.begin());
+  return isPng ? file : graphics.encodePNG(*bitmap);
 }
 
 }  // namespace zephyl

@@ -75,4 +75,8 @@ class ZP_EXPORT UIImage {
   std::shared_ptr<Decoded> decoded_;
 };
 
+// The picture as a PNG file, at its own size: a PNG as it is, anything else written anew. Empty for
+// what is no picture that the host can read. Any thread.
+[[nodiscard]] ZP_EXPORT Data UIImagePNGRepresentation(const UIImage& image);
+
 }  // namespace zephyl

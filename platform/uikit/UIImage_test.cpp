@@ -94,6 +94,29 @@ TEST_F(UIImageTest, AnImageOfPixelsIsNeverDecoded) {
   EXPECT_EQ(device_.uikit()->graphics().decoded(), 0);
 }
 
+TEST_F(UIImageTest, AsPngAPngStaysAsItIs) {
+  auto bitmap = std::make_shared<CGBitmap>(CGBitmap{2, 1, {0xFF000001, 0xFF000002}});
+  const Data file = fake::encodePng(*bitmap);
+  EXPECT_EQ(UIImagePNGRepresentation(UIImage(file)), file);
+  EXPECT_EQ(UIImagePNGRepresentation(UIImage(bitmap, 2)), file);
+}
+
+TEST_F(UIImageTest, AsPngAnotherPictureIsWrittenAnewAtItsOwnSize) {
+  const Data png = UIImagePNGRepresentation(UIImage(fake::fakePicture(5000, 2)));
+  const auto bitmap = fake::decodePicture(png);
+  ASSERT_NE(bitmap, nullptr);
+  EXPECT_EQ(bitmap->width, 5000U);
+  EXPECT_EQ(bitmap->height, 2U);
+}
+
+TEST_F(UIImageTest, WhatIsNoPictureIsNoPng) {
+  EXPECT_TRUE(UIImagePNGRepresentation(UIImage(Data{1, 2, 3})).empty());
+  EXPECT_TRUE(UIImagePNGRepresentation(UIImage(nullptr, 1)).empty());
+  Data cut = fake::encodePng({2, 1, {1, 2}});
+  cut.resize(cut.size() / 2);
+  EXPECT_TRUE(UIImagePNGRepresentation(UIImage(cut)).empty());
+}
+
 TEST_F(UIImageTest, ADrawnImageHasTheScreensScale) {
   device_.uikit()->screen().setScale(2);
   CGRect given;
