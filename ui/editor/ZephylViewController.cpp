@@ -68,6 +68,7 @@ void ZephylViewController::viewDidLoad() {
         return std::make_shared<UITableViewHeaderFooterView>(identifier);
       },
       editor::kFooterIdentifier);
+  filterContactsAndConversations(zephyl_->contacts().get());
   setTitle(isNewGroup_ ? zpLocalizedText("New Group") : zephyl_->title());
   if (!isNewGroup_) {
     // There is nothing to save before the first change.

@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,17 +18,26 @@
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/foundation/NSError.h"
 #include "platform/uikit/UIFont.h"
+#include "platform/uikit/controllers/UIImagePickerController.h"
 #include "platform/uikit/tables/UITableViewController.h"
 #include "platform/uikit/text/UITextFieldDelegate.h"
 
 #include "model/Zephyl.h"
+#include "ui/editor/ZPConversationSelectionViewControllerDelegate.h"
+#include "ui/editor/ZephylViewTags.h"
+#include "ui/people/ZLPeoplePickerViewControllerDelegate.h"
 
 namespace zephyl {
 
 class UIControl;
 class ZPFloatingLabeledTextField;
 
-class ZP_EXPORT ZephylViewController : public UITableViewController, public UITextFieldDelegate {
+class ZP_EXPORT ZephylViewController : public UITableViewController,
+                                       public ZephylViewTags,
+                                       public UITextFieldDelegate,
+                                       public ZPConversationSelectionViewControllerDelegate,
+                                       public ZLPeoplePickerViewControllerDelegate,
+                                       public UIImagePickerControllerDelegate {
  public:
   // A row of the members: what is shown, and the member of the group.
   struct MemberEntry {
@@ -36,18 +46,6 @@ class ZP_EXPORT ZephylViewController : public UITableViewController, public UITe
     friend bool operator==(const MemberEntry&, const MemberEntry&) = default;
   };
   using MemberEntries = std::vector<MemberEntry>;
-
-  // Tags of controls and labels.
-  static constexpr std::int64_t kEnableTag = 4321;
-  // Kept: the switch and the segmented control share it; they send different actions.
-  static constexpr std::int64_t kPasswordProtectedTag = 4322;
-  static constexpr std::int64_t kHideInDefaultGroupsTag = 5321;
-  static constexpr std::int64_t kMaskOnLockScreenTag = 6321;
-  static constexpr std::int64_t kTitleTag = 4532;
-  static constexpr std::int64_t kSubTitleTag = 4533;
-  static constexpr std::int64_t kMaskedMessageTag = 6532;
-  static constexpr std::int64_t kMarkerColorTag = 87234;
-  static constexpr std::int64_t kFooterLabelTag = 1;
 
   explicit ZephylViewController(UITableViewStyle style = UITableViewStyle::kGrouped);
   ~ZephylViewController() override;
@@ -63,6 +61,10 @@ class ZP_EXPORT ZephylViewController : public UITableViewController, public UITe
   void setCurrentSelectionSegment(std::int64_t segment) { currentSelectionSegment_ = segment; }
   // Null before the view loads.
   [[nodiscard]] const ABAddressBookRef& addressBookRef() const { return addressBookRef_; }
+  // The last one that was opened; null before.
+  [[nodiscard]] const std::shared_ptr<ZLPeoplePickerViewController>& contactsPicker() const {
+    return contactsPicker_;
+  }
   // Both sorted by name.
   [[nodiscard]] const MemberEntries& contacts() const { return contacts_; }
   [[nodiscard]] const MemberEntries& conversations() const { return conversations_; }
@@ -89,6 +91,42 @@ class ZP_EXPORT ZephylViewController : public UITableViewController, public UITe
                                 const UIFont& font, const UIFont& floatingLabelFont,
                                 bool shouldAddBottomLine);
 
+  // Members (ZephylViewControllerMembers.cpp). All of it changes the copy of the group only.
+
+  // Builds both lists; null has no members. Who is not found is left out, and stays a member until
+  // the members are next written back.
+  void filterContactsAndConversations(const MemberSet* members);
+  // Nothing for somebody without a name and for a record that is gone.
+  [[nodiscard]] std::optional<std::string> nameForPerson(const Member& id);
+  [[nodiscard]] ABPersonRef recordRefFromRecordId(const Member& id);
+  // What a picker returned; it takes the place of the whole list.
+  void addContactsToZephyls(const std::vector<Member>& ids);
+  void addConversationsToZephyls(const std::vector<Member>& ids);
+  void setContactsAndConversationsToZephyls();
+  // Of the list that is shown. Calls one of the two, which may be empty, before it returns; the
+  // error is null for an index outside of the list.
+  void deleteContactOrConvoFromZephyl(std::int64_t index, const std::function<void()>& success,
+                                      const std::function<void(const NSError*)>& failure);
+  void didReturnWithSelectedPeople(ZLPeoplePickerViewController& peoplePicker,
+                                   const MemberSet& people) override;
+  void didReturnWithSelectedConversation(ZPConversationSelectionViewController& picker,
+                                         const std::set<std::string>& selected) override;
+  bool canEditRowAtIndexPath(UITableView& tableView, const NSIndexPath& indexPath) override;
+  UITableViewCellEditingStyle editingStyleForRowAtIndexPath(UITableView& tableView,
+                                                            const NSIndexPath& indexPath) override;
+  void commitEditingStyle(UITableView& tableView, UITableViewCellEditingStyle style,
+                          const NSIndexPath& indexPath) override;
+
+  // The picture (ZephylViewControllerPicture.cpp).
+
+  // The menu; the sender is not looked at.
+  void addORChangeGroupImage();
+  void didFinishPickingMediaWithInfo(UIImagePickerController& picker,
+                                     const UIImagePickerInfo& info) override;
+  // Null takes the picture away. The rest of the work is done in the background; the group is
+  // changed on the main thread, whose it is, also when the screen has gone meanwhile.
+  void updateProfileImage(const UIImageRef& image);
+
   void viewDidLoad() override;
   [[nodiscard]] const char* className() const override { return "ZephylViewController"; }
 
@@ -111,21 +149,22 @@ class ZP_EXPORT ZephylViewController : public UITableViewController, public UITe
   void didSelectRowAtIndexPath(UITableView& tableView, const NSIndexPath& indexPath) override;
 
  private:
+  // Of the table's and of the picture's sources.
+  struct Rows;
+  struct Picture;
+
   [[nodiscard]] std::weak_ptr<ZephylViewController> weakSelf();
   void makeNewGroup();
-  void makeBarButtons();
   void focusTitleSoon();
   void pickMarkerColor();
+  void pickMembers();
+  void pickContacts(const MemberSet& members);
   [[nodiscard]] const MemberEntries& shownMembers() const;
-  [[nodiscard]] std::string footerText(std::int64_t section) const;
-  void configureSwitch(UITableViewCell& cell, std::int64_t tag, bool isOn);
-  void configureMarkerColor(UITableViewCell& cell);
-  void configureMaskedMessage(UITableViewCell& cell);
-  void configureMember(UITableViewCell& cell, std::int64_t row);
 
   ZephylRef zephyl_;
   std::shared_ptr<UIView> headerView_;
   ABAddressBookRef addressBookRef_;
+  std::shared_ptr<ZLPeoplePickerViewController> contactsPicker_;
   MemberEntries contacts_;
   MemberEntries conversations_;
   std::string zephylTmpMaskedMessage_;

@@ -135,6 +135,8 @@ void ZephylViewController::didSelectRowAtIndexPath(UITableView& tableView,
   tableView.deselectRowAtIndexPath(indexPath, /*animated=*/true);
   if (indexPath == NSIndexPath{kFlagsSection, kMarkerColorRow}) {
     pickMarkerColor();
+  } else if (indexPath == NSIndexPath{kMembersSection, 0}) {
+    pickMembers();
   }
 }
 

@@ -51,6 +51,11 @@ CGFloat footerTextHeight(const std::string& text) {
   return uikitHost().textSystem().layout(attributed, style)->size().height;
 }
 
+// Of the rows that are no members: the table's own.
+UIColor ownRowColor() {
+  return UIColor::secondarySystemGroupedBackgroundColor();
+}
+
 // A cell that was another row before must not keep what only that row has.
 void removeOwnViews(UITableViewCell& cell, const UIView* header, std::int64_t keptTag) {
   const auto views = cell.contentView()->subviews();
@@ -64,7 +69,32 @@ void removeOwnViews(UITableViewCell& cell, const UIView* header, std::int64_t ke
   }
 }
 
+std::string footerText(const Zephyl& zephyl, std::int64_t section) {
+  if (section == kHidingSection) {
+    return zpLocalizedText(
+        "Hide actual messages/conversations from default groups (All, All Groups, Favorites & "
+        "Unknown).\n\nNote: Removing this group does not delete its grouped conversations.");
+  }
+  std::string text = zpLocalizedText(
+      "This will mask the message on Lock Screen as well as on Notification Center.");
+  if (zephyl.shouldHideConversationsOnLockScreen()) {
+    text.append("\n\n").append(zpLocalizedText("Masked Message:"));
+    text.append(" '").append(zephyl.maskedMessage()).append("'");
+  }
+  return text;
+}
+
 }  // namespace
+
+// What each row shows.
+struct ZephylViewController::Rows {
+  static void configureSwitch(ZephylViewController& screen, UITableViewCell& cell, std::int64_t tag,
+                              bool isOn);
+  static void configureMarkerColor(const Zephyl& zephyl, UITableViewCell& cell);
+  static void configureMaskedMessage(ZephylViewController& screen, UITableViewCell& cell);
+  static void configureMember(const ZephylViewController& screen, UITableViewCell& cell,
+                              std::int64_t row);
+};
 
 std::int64_t ZephylViewController::numberOfSectionsInTableView(UITableView& /*tableView*/) {
   return editor::kSectionCount;
@@ -102,6 +132,7 @@ std::shared_ptr<UITableViewCell> ZephylViewController::cellForRowAtIndexPath(
     return cell;
   }
   removeOwnViews(*cell, nullptr, 0);
+  cell->setBackgroundColor(ownRowColor());
   cell->textLabel()->setText("");
   cell->setAccessoryView(nullptr);
   cell->setAccessoryType(UITableViewCellAccessoryType::kNone);
@@ -120,46 +151,51 @@ void ZephylViewController::configureTableCell(UITableViewCell& cell, const NSInd
                  isMessage ? kMaskedMessageTag : (isMarker ? kMarkerColorTag : 0));
   label->setNumberOfLines(1);
   if (indexPath.section == kMembersSection) {
-    configureMember(cell, indexPath.row);
+    Rows::configureMember(*this, cell, indexPath.row);
     return;
   }
   label->setText("");
+  cell.setBackgroundColor(ownRowColor());
   cell.setSelectionStyle(UITableViewCellSelectionStyle::kNone);
   if (isMarker) {
-    configureMarkerColor(cell);
+    Rows::configureMarkerColor(*zephyl_, cell);
   } else if (isMessage) {
-    configureMaskedMessage(cell);
+    Rows::configureMaskedMessage(*this, cell);
   } else if (indexPath == NSIndexPath{kFlagsSection, 0}) {
     label->setText(zpLocalizedText("Enable"));
-    configureSwitch(cell, kEnableTag, zephyl_->isEnabled());
+    Rows::configureSwitch(*this, cell, kEnableTag, zephyl_->isEnabled());
   } else if (indexPath == NSIndexPath{kFlagsSection, 1}) {
     label->setText(zpLocalizedText("Password protected"));
-    configureSwitch(cell, kPasswordProtectedTag, zephyl_->isPasswordProtected());
+    Rows::configureSwitch(*this, cell, kPasswordProtectedTag, zephyl_->isPasswordProtected());
   } else if (indexPath.section == kHidingSection) {
     label->setNumberOfLines(0);
     label->setText(zpLocalizedText("Hide Conversations in Default Groups"));
-    configureSwitch(cell, kHideInDefaultGroupsTag,
-                    zephyl_->shouldHideConversationsInDefaultGroups());
+    Rows::configureSwitch(*this, cell, kHideInDefaultGroupsTag,
+                          zephyl_->shouldHideConversationsInDefaultGroups());
   } else if (indexPath.section == kMaskingSection) {
     label->setNumberOfLines(0);
     label->setText(zpLocalizedText("Mask on Lock Screen"));
-    configureSwitch(cell, kMaskOnLockScreenTag, zephyl_->shouldHideConversationsOnLockScreen());
+    Rows::configureSwitch(*this, cell, kMaskOnLockScreenTag,
+                          zephyl_->shouldHideConversationsOnLockScreen());
   }
 }
 
-void ZephylViewController::configureSwitch(UITableViewCell& cell, std::int64_t tag, bool isOn) {
+void ZephylViewController::Rows::configureSwitch(ZephylViewController& screen,
+                                                 UITableViewCell& cell, std::int64_t tag,
+                                                 bool isOn) {
   auto control = std::dynamic_pointer_cast<UISwitch>(cell.viewWithTag(tag));
   if (control == nullptr) {
     control = std::make_shared<UISwitch>(CGRect{});
     control->addTarget(
-        weakSelf(), [this](UIControl& sender) { switchSelectionAction(sender); }, kValueChanged);
+        screen.weakSelf(), [&screen](UIControl& sender) { screen.switchSelectionAction(sender); },
+        kValueChanged);
   }
   cell.setAccessoryView(control);
   control->setTag(tag);
   control->setOn(isOn);
 }
 
-void ZephylViewController::configureMarkerColor(UITableViewCell& cell) {
+void ZephylViewController::Rows::configureMarkerColor(const Zephyl& zephyl, UITableViewCell& cell) {
   cell.textLabel()->setText(zpLocalizedText("Marker Color"));
   cell.setAccessoryView(nullptr);
   cell.setAccessoryType(UITableViewCellAccessoryType::kDisclosureIndicator);
@@ -173,12 +209,13 @@ void ZephylViewController::configureMarkerColor(UITableViewCell& cell) {
     swatch->setTag(kMarkerColorTag);
     cell.contentView()->addSubview(swatch);
   }
-  const std::string& code = zephyl_->markerCode();
+  const std::string& code = zephyl.markerCode();
   swatch->setBackgroundColor(code.empty() ? UIColor::clearColor()
                                           : UIColor::__zpColorWithHexString(code));
 }
 
-void ZephylViewController::configureMaskedMessage(UITableViewCell& cell) {
+void ZephylViewController::Rows::configureMaskedMessage(ZephylViewController& screen,
+                                                        UITableViewCell& cell) {
   cell.setAccessoryView(nullptr);
   cell.setAccessoryType(UITableViewCellAccessoryType::kNone);
   auto field = std::dynamic_pointer_cast<ZPFloatingLabeledTextField>(
@@ -191,15 +228,16 @@ void ZephylViewController::configureMaskedMessage(UITableViewCell& cell) {
     field->setTag(kMaskedMessageTag);
     field->setAutoresizingMask(kFlexibleWidth);
     cell.contentView()->addSubview(field);
-    setPropertiesToTextField(*field, zpLocalizedText("Masked Message"),
-                             UIFont::systemFontOfSize(15), UIFont::systemFontOfSize(11),
-                             /*shouldAddBottomLine=*/true);
+    screen.setPropertiesToTextField(*field, zpLocalizedText("Masked Message"),
+                                    UIFont::systemFontOfSize(15), UIFont::systemFontOfSize(11),
+                                    /*shouldAddBottomLine=*/true);
     field->setReturnKeyType(UIReturnKeyType::kDone);
   }
-  field->setText(zephyl_->maskedMessage());
+  field->setText(screen.zephyl_->maskedMessage());
 }
 
-void ZephylViewController::configureMember(UITableViewCell& cell, std::int64_t row) {
+void ZephylViewController::Rows::configureMember(const ZephylViewController& screen,
+                                                 UITableViewCell& cell, std::int64_t row) {
   cell.setAccessoryView(nullptr);
   cell.setAccessoryType(UITableViewCellAccessoryType::kNone);
   cell.setSelectionStyle(UITableViewCellSelectionStyle::kNone);
@@ -209,11 +247,11 @@ void ZephylViewController::configureMember(UITableViewCell& cell, std::int64_t r
     view->removeFromSuperview();
   }
   std::string text;
-  const auto& members = shownMembers();
+  const auto& members = screen.shownMembers();
   if (row == 0) {
     cell.setSelectionStyle(UITableViewCellSelectionStyle::kDefault);
-    text = currentSelectionSegment_ == 1 ? zpLocalizedText("Add Conversations")
-                                         : zpLocalizedText("Add Contacts");
+    text = screen.currentSelectionSegment_ == 1 ? zpLocalizedText("Add Conversations")
+                                                : zpLocalizedText("Add Contacts");
   } else if (static_cast<std::size_t>(row) <= members.size()) {
     text = members[static_cast<std::size_t>(row) - 1].name;
   }
@@ -265,21 +303,6 @@ std::optional<CGFloat> ZephylViewController::heightForFooterInSection(UITableVie
   }
 }
 
-std::string ZephylViewController::footerText(std::int64_t section) const {
-  if (section == kHidingSection) {
-    return zpLocalizedText(
-        "Hide actual messages/conversations from default groups (All, All Groups, Favorites & "
-        "Unknown).\n\nNote: Removing this group does not delete its grouped conversations.");
-  }
-  std::string text = zpLocalizedText(
-      "This will mask the message on Lock Screen as well as on Notification Center.");
-  if (zephyl_->shouldHideConversationsOnLockScreen()) {
-    text.append("\n\n").append(zpLocalizedText("Masked Message:"));
-    text.append(" '").append(zephyl_->maskedMessage()).append("'");
-  }
-  return text;
-}
-
 std::shared_ptr<UIView> ZephylViewController::viewForFooterInSection(UITableView& tableView,
                                                                      std::int64_t section) {
   if (section != kHidingSection && section != kMaskingSection) {
@@ -304,7 +327,7 @@ std::shared_ptr<UIView> ZephylViewController::viewForFooterInSection(UITableView
   }
   label->setBaselineAdjustment(section == kHidingSection ? UIBaselineAdjustment::kAlignCenters
                                                          : UIBaselineAdjustment::kAlignBaselines);
-  const std::string text = footerText(section);
+  const std::string text = footerText(*zephyl_, section);
   label->setText(text);
   label->setFrame(CGRectMake(kFooterInset.x(), kFooterInset.y(), width, footerTextHeight(text)));
   return footer;

@@ -1,0 +1,248 @@
+// The members of the group: showing them, picking others, removing one.
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <utility>
+
+#include "platform/Host.h"
+#include "platform/chatkit/CKConversationList.h"
+#include "platform/foundation/SystemLog.h"
+#include "platform/uikit/controllers/UINavigationController.h"
+
+#include "contacts/APContactField.h"
+#include "services/UIViewControllerZephyls.h"
+#include "services/ZPUtils.h"
+#include "ui/editor/EditorLook.h"
+#include "ui/editor/ZPConversationSelectionViewController.h"
+#include "ui/editor/ZephylViewController.h"
+#include "ui/people/ZLPeoplePickerViewController.h"
+
+namespace zephyl {
+
+using editor::kMaskingSection;
+using editor::kMembersSection;
+
+namespace {
+
+using Entries = ZephylViewController::MemberEntries;
+
+constexpr std::int64_t kConversationsSegment = 1;
+
+// The number that the member begins with. Kept: a text of digits only is a number too, and so
+// counts as a record id. An international number is none: it begins with a plus sign.
+std::int64_t numberOf(const Member& id) {
+  if (const auto* number = std::get_if<std::int64_t>(&id)) {
+    return *number;
+  }
+  const std::string& text = std::get<std::string>(id);
+  const std::size_t first = text.find_first_not_of(" \t\r\n");
+  return first != std::string::npos && text[first] == '+' ? 0 : Value(text).integerValue();
+}
+
+bool isRecordID(const Member& id) {
+  return numberOf(id) >= 1;
+}
+
+// Of 32 bits, as the address book counts: a number loses its upper bits, a text stops at the ends.
+std::int32_t intValue(const Member& id) {
+  if (const auto* number = std::get_if<std::int64_t>(&id)) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(*number));
+  }
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(
+      std::clamp<std::int64_t>(numberOf(id), Limits::min(), Limits::max()));
+}
+
+std::string textOf(const Member& id) {
+  const auto* number = std::get_if<std::int64_t>(&id);
+  return number == nullptr ? std::get<std::string>(id) : std::to_string(*number);
+}
+
+CKConversationRef conversationOf(const Member& id, const char* function, int line) {
+  auto conversation = host().conversationList().conversationForExistingChatWithGUID(textOf(id));
+  if (conversation == nullptr) {
+    logError("Unable to get the conversation for id '" + textOf(id) + "'", function, line);
+  }
+  return conversation;
+}
+
+// Kept: by their characters' numbers, so that capitals come before small letters.
+void sortByName(Entries& entries) {
+  std::stable_sort(entries.begin(), entries.end(),
+                   [](const auto& left, const auto& right) { return left.name < right.name; });
+}
+
+}  // namespace
+
+ABPersonRef ZephylViewController::recordRefFromRecordId(const Member& id) {
+  return addressBookRef_ == nullptr ? nullptr : addressBookRef_->personWithRecordID(intValue(id));
+}
+
+std::optional<std::string> ZephylViewController::nameForPerson(const Member& id) {
+  const ABPersonRef person = recordRefFromRecordId(id);
+  return person == nullptr ? std::nullopt : person->compositeName;
+}
+
+void ZephylViewController::filterContactsAndConversations(const MemberSet* members) {
+  contacts_.clear();
+  conversations_.clear();
+  for (const Member& id : members == nullptr ? MemberSet() : *members) {
+    if (isRecordID(id)) {
+      if (auto name = nameForPerson(id)) {
+        contacts_.push_back({std::move(*name), numberOf(id)});
+      }
+    } else if (isChatGuid(textOf(id))) {
+      constexpr int kLine = 132;
+      if (const auto conversation = conversationOf(
+              id, "-[ZephylViewController filterContactsAndConversations:]", kLine)) {
+        conversations_.push_back({conversation->name(), id});
+      }
+    } else {
+      contacts_.push_back({ZPUtils::formattedPhoneNumber(textOf(id)).value_or(textOf(id)), id});
+    }
+  }
+  sortByName(contacts_);
+  sortByName(conversations_);
+}
+
+// Kept: what the picker returns is the whole selection, in which there are people only: members
+// that are numbers or addresses leave the group here.
+void ZephylViewController::addContactsToZephyls(const std::vector<Member>& ids) {
+  contacts_.clear();
+  for (const Member& id : ids) {
+    if (!isRecordID(id)) {
+      continue;
+    }
+    if (auto name = nameForPerson(id)) {
+      contacts_.push_back({std::move(*name), numberOf(id)});
+    }
+  }
+  sortByName(contacts_);
+  tableView()->reloadSections({kMembersSection}, UITableViewRowAnimation::kAutomatic);
+  setContactsAndConversationsToZephyls();
+}
+
+void ZephylViewController::addConversationsToZephyls(const std::vector<Member>& ids) {
+  conversations_.clear();
+  for (const Member& id : ids) {
+    if (isRecordID(id)) {
+      continue;
+    }
+    constexpr int kLine = 337;
+    if (const auto conversation =
+            conversationOf(id, "-[ZephylViewController addConversationsToZephyls:]", kLine)) {
+      conversations_.push_back({conversation->name(), id});
+    }
+  }
+  sortByName(conversations_);
+  tableView()->reloadSections({kMembersSection}, UITableViewRowAnimation::kAutomatic);
+  setContactsAndConversationsToZephyls();
+}
+
+void ZephylViewController::setContactsAndConversationsToZephyls() {
+  const auto members = std::make_shared<MemberSet>();
+  for (const Entries* const entries : {&contacts_, &conversations_}) {
+    for (const MemberEntry& entry : *entries) {
+      members->add(entry.id);
+    }
+  }
+  zephyl_->setContacts(members);
+  updateNavigationBarItems();
+}
+
+void ZephylViewController::deleteContactOrConvoFromZephyl(
+    std::int64_t index, const std::function<void()>& success,
+    const std::function<void(const NSError*)>& failure) {
+  Entries& entries = currentSelectionSegment_ == kConversationsSegment ? conversations_ : contacts_;
+  if (index < 0 || static_cast<std::size_t>(index) >= entries.size()) {
+    if (failure) {
+      failure(nullptr);
+    }
+    return;
+  }
+  const auto entry = entries.begin() + index;
+  const auto before = zephyl_->contacts();
+  const auto members =
+      before == nullptr ? std::make_shared<MemberSet>() : std::make_shared<MemberSet>(*before);
+  members->remove(entry->id);
+  zephyl_->setContacts(members);
+  entries.erase(entry);
+  if (success) {
+    success();
+  }
+}
+
+void ZephylViewController::didReturnWithSelectedConversation(
+    ZPConversationSelectionViewController& /*picker*/, const std::set<std::string>& selected) {
+  addConversationsToZephyls({selected.begin(), selected.end()});
+}
+
+// Kept: rows from the masking section on, so that the masked message offers Delete too.
+bool ZephylViewController::canEditRowAtIndexPath(UITableView& /*tableView*/,
+                                                 const NSIndexPath& indexPath) {
+  return indexPath.section >= kMaskingSection && indexPath.row > 0;
+}
+
+UITableViewCellEditingStyle ZephylViewController::editingStyleForRowAtIndexPath(
+    UITableView& tableView, const NSIndexPath& indexPath) {
+  return canEditRowAtIndexPath(tableView, indexPath) ? UITableViewCellEditingStyle::kDelete
+                                                     : UITableViewCellEditingStyle::kNone;
+}
+
+void ZephylViewController::commitEditingStyle(UITableView& tableView,
+                                              UITableViewCellEditingStyle style,
+                                              const NSIndexPath& indexPath) {
+  if (style != UITableViewCellEditingStyle::kDelete) {
+    return;
+  }
+  // Kept: whatever the section, so that deleting the masked message removes the first member; the
+  // table finds that its rows do not add up then, and reloads.
+  deleteContactOrConvoFromZephyl(
+      indexPath.row - 1,
+      [&] {
+        tableView.beginUpdates();
+        tableView.deleteRowsAtIndexPaths({indexPath}, UITableViewRowAnimation::kAutomatic);
+        tableView.endUpdates();
+        updateNavigationBarItems();
+      },
+      [this](const NSError* error) {
+        zp__showError(shared_from_this(),
+                      error == nullptr ? std::string() : error->localizedDescription());
+      });
+}
+
+void ZephylViewController::didReturnWithSelectedPeople(
+    ZLPeoplePickerViewController& /*peoplePicker*/, const MemberSet& people) {
+  addContactsToZephyls({people.begin(), people.end()});
+}
+
+// All of the group's members are ticked, whatever they are; what comes back is looked at.
+void ZephylViewController::pickContacts(const MemberSet& members) {
+  contactsPicker_ =
+      ZLPeoplePickerViewController::presentPeoplePickerViewControllerForParentViewController(
+          shared_from_this(), members);
+  contactsPicker_->setDelegate(
+      std::shared_ptr<ZLPeoplePickerViewControllerDelegate>(shared_from_this(), this));
+  contactsPicker_->setFiledMask(APContactFieldAll);
+  contactsPicker_->setNumberOfSelectedPeople(-1);
+  contactsPicker_->setAllowAddPeople(false);
+}
+
+void ZephylViewController::pickMembers() {
+  const auto contacts = zephyl_->contacts();
+  const MemberSet members = contacts == nullptr ? MemberSet() : *contacts;
+  if (currentSelectionSegment_ != kConversationsSegment) {
+    pickContacts(members);
+    return;
+  }
+  const auto picker = std::make_shared<ZPConversationSelectionViewController>(
+      std::vector<Member>(members.begin(), members.end()), zephyl_);
+  host().conversationList().shouldShowAllConversations(true);
+  picker->setConversationDelegate(
+      std::shared_ptr<ZPConversationSelectionViewControllerDelegate>(shared_from_this(), this));
+  presentViewController(UINavigationController::initWithRootViewController(picker),
+                        /*animated=*/true);
+}
+
+}  // namespace zephyl
