@@ -49,7 +49,8 @@ TEST_F(RenderTest, WithoutAComponentAllAreListed) {
     names.push_back(object["name"]);
     EXPECT_NE(object["help"], "");
   }
-  Texts expected = {"groups", "manage", "add", "recipients"};
+  Texts expected = {"groups", "manage",    "add",           "recipients",
+                    "editor", "new-group", "conversations", "colour"};
   for (const auto& specimen : render::allSpecimens()) {
     expected.emplace_back(specimen.name);
   }

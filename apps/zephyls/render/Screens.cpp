@@ -10,7 +10,12 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/zephyls/Session.h"
+#include "model/ZPLocalizedText.h"
+#include "store/ZephylsDataController.h"
+#include "ui/components/ZPColorPickerViewController.h"
+#include "ui/editor/ZPConversationSelectionViewController.h"
 #include "ui/editor/ZPSelectRecipientsTableViewController.h"
+#include "ui/editor/ZephylViewController.h"
 #include "ui/groups/ZephylsViewController.h"
 
 namespace zephyl::app::render {
@@ -76,6 +81,54 @@ ShownScreen makeRecipients(Session& session) {
       UITableViewStyle::kPlain, conversation));
 }
 
+// The one that was named, else the first of the user's.
+ZephylRef chosenGroup(Session& session) {
+  if (const auto& name = session.options().render.group) {
+    return session.groupNamed(*name);
+  }
+  const ZephylVector groups = ZephylsDataController::sharedInstance()->enabledUserCreatedZephyls();
+  if (groups.empty()) {
+    throw CommandError("there is no group to show; make one with `zephyls groups create`");
+  }
+  return groups.front();
+}
+
+// Over the groups to be managed.
+std::shared_ptr<UINavigationController> makeEditing(Session& session) {
+  const auto editor = std::make_shared<ZephylViewController>();
+  editor->setZephyl(chosenGroup(session));
+  auto navigation = UINavigationController::initWithRootViewController(makeManaging());
+  navigation->pushViewController(editor, /*animated=*/false);
+  return navigation;
+}
+
+ShownScreen makeEditor(Session& session) {
+  return {makeEditing(session), nullptr};
+}
+
+ShownScreen makeNewGroup(Session& /*session*/) {
+  return inNavigation(std::make_shared<ZephylViewController>());
+}
+
+ShownScreen makeConversations(Session& session) {
+  const ZephylRef group = chosenGroup(session);
+  const auto members = group->contacts();
+  host().conversationList().shouldShowAllConversations(true);
+  return inNavigation(std::make_shared<ZPConversationSelectionViewController>(
+      members == nullptr ? std::vector<Member>()
+                         : std::vector<Member>(members->begin(), members->end()),
+      group));
+}
+
+ShownScreen makeColour(Session& session) {
+  const auto navigation = makeEditing(session);
+  const auto picker = std::make_shared<ZPColorPickerViewController>(
+      UIColor::__zpColorWithHexString(chosenGroup(session)->markerCode()));
+  picker->showInViewController(navigation->topViewController(), zpLocalizedText("Marker Color"),
+                               nullptr);
+  return {navigation, nullptr};
+}
+
 }  // namespace
 
 const std::vector<Screen>& allScreens() {
@@ -84,6 +137,10 @@ const std::vector<Screen>& allScreens() {
       {"manage", "the groups to manage", makeManage},
       {"add", "the groups to which a conversation is added", makeAdd},
       {"recipients", "the participants of a conversation", makeRecipients},
+      {"editor", "a group to be changed", makeEditor},
+      {"new-group", "a group in the making", makeNewGroup},
+      {"conversations", "the conversations to be ticked for a group", makeConversations},
+      {"colour", "the colour of a group to be picked", makeColour},
   };
   return kScreens;
 }

@@ -51,7 +51,8 @@ TEST_F(ScreensTest, TheGroupsAreThoseOfTheDevice) {
 }
 
 TEST_F(ScreensTest, EveryScreenBecomesAPicture) {
-  for (const char* screen : {"groups", "manage", "add", "recipients"}) {
+  for (const char* screen : {"groups", "manage", "add", "recipients", "editor", "new-group",
+                             "conversations", "colour"}) {
     const std::string file = (folder_ / screen).string();
     const auto result = runOwn({"render", screen, "--scale", "1", "-o", file});
     EXPECT_EQ(result.status, 0) << result.errors;
