@@ -146,15 +146,19 @@ class GroupListTest : public ::testing::Test {
 
   // The box or alert over the list; null for none.
   std::shared_ptr<UIAlertController> alert() {
-    return std::dynamic_pointer_cast<UIAlertController>(
-        screen_->navigationController()->presentedViewController());
+    const auto navigation = screen_->navigationController();
+    return navigation == nullptr ? nullptr
+                                 : std::dynamic_pointer_cast<UIAlertController>(
+                                       navigation->presentedViewController());
   }
   std::string alertText() {
     const auto shown = alert();
     return shown == nullptr ? "no alert" : shown->title() + ": " + shown->message();
   }
   void answerAlert() {
-    alert()->choose(alert()->actions().at(0));
+    const auto shown = alert();
+    ASSERT_NE(shown, nullptr);
+    shown->choose(shown->actions().at(0));
     settle();
   }
   static std::vector<Member> membersOf(const ZephylRef& group) {
