@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/foundation/Utf8.h"
+
 #include "hosts/contract/TemporaryFolder.h"
 #include "hosts/linux/contacts/VCardReader.h"
 
@@ -77,6 +79,7 @@ TEST_F(VCardWriterTest, NoLineIsLongAndNoCharacterParted) {
   std::istringstream lines(vCardText(person));
   for (std::string line; std::getline(lines, line);) {
     EXPECT_LE(line.size(), 76U);
+    EXPECT_EQ(findInvalidUtf8(line), std::string::npos);
   }
   EXPECT_EQ(readBack(person).firstName, name);
 }
