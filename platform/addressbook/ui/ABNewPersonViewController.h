@@ -69,7 +69,7 @@ class ZP_EXPORT ABNewPersonViewController : public UITableViewController,
   void makeButtons();
   void updateSaveButton();
   // Without white space around it.
-  [[nodiscard]] std::string entered(Field field) const;
+  [[nodiscard]] std::string entered(Field which) const;
   [[nodiscard]] ABPerson person() const;
   void tellFailure(const std::string& reason);
   void complete(const ABPersonRef& person);
