@@ -1,6 +1,7 @@
 // When the list of groups is made anew, and what is seen meanwhile.
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -30,8 +31,9 @@ TEST_F(GroupListRebuildTest, EveryNotificationMakesTheListAnew) {
         "com.vantor.ZephylDeletedNotification", "com.vantor.ZephylDataUpdateNotification",
         "com.vantor.ZephylsSettingsChangedNotification"}) {
     const std::string title = std::string("New ") + name;
-    store()->allZephyls()->append({std::make_shared<Zephyl>(
-        static_cast<Dictionary>(GroupBuilder(store()->allZephyls()->size() + 10, title)))});
+    const auto identifier = static_cast<std::int64_t>(store()->allZephyls()->size()) + 10;
+    store()->allZephyls()->append(
+        {std::make_shared<Zephyl>(static_cast<Dictionary>(GroupBuilder(identifier, title)))});
     NSNotificationCenter::defaultCenter()->postNotificationName(name);
     EXPECT_EQ(device_.dispatch().waitingGlobal(QueuePriority::kDefault), 1U) << name;
     settle();

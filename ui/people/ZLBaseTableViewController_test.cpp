@@ -84,6 +84,7 @@ TEST_F(PeopleTableTest, SectionsAreThoseOfTheCollationTitledWhereTheyAreNotEmpty
 
 TEST_F(PeopleTableTest, TheIndexLeadsToSectionsAndItsGlassToTheTop) {
   std::vector<PersonBuilder> people;
+  people.reserve(60);
   for (int i = 0; i < 60; ++i) {
     people.emplace_back(i, i < 30 ? "Ann" : "Bob");
   }
@@ -175,6 +176,7 @@ TEST_F(PeopleTableTest, OneOfTheFieldsAskedForIsEnough) {
 
 TEST_F(PeopleTableTest, ThousandsOfPeopleAreListedAndOnlyThoseSeenAreCells) {
   std::vector<PersonBuilder> people;
+  people.reserve(5'000);
   for (int i = 0; i < 5'000; ++i) {
     people.emplace_back(i + 1, "Person " + std::to_string(i), "\xff" + std::string(300, 'x'));
   }
