@@ -68,6 +68,7 @@ TEST(LinuxCollationTest, TextsSortAsTheLanguageHasIt) {
 TEST(LinuxCollationTest, AnyThreadMayBeTheFirst) {
   LinuxCollation collation({"en"});
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([&] { EXPECT_EQ(sectionOf(collation, "Anna"), "A"); });
   }
