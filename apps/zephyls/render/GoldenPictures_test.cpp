@@ -38,8 +38,9 @@ void stageBadges(Stage& stage) {
     room->addSubview(badge);
     badge->setPosition(ZPBadgePositionCenterLeft);
     badge->setBadgeValue(value);
+    const std::int64_t wider = value / 60;
     badge->setHorizontalOffset(30 * static_cast<float>(room->subviews().size()) +
-                               static_cast<float>(value / 60));
+                               static_cast<float>(wider));
     badge->setOutlineColor(UIColor::systemGrayColor());
     badge->zp_updateBadgeViewPosition();
   }
