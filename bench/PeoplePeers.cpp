@@ -178,6 +178,7 @@ MemmemPeer::MemmemPeer(const APContactArray& contacts) {
 
 std::size_t MemmemPeer::count(const std::vector<std::string>& words) const {
   std::vector<std::string> folded;
+  folded.reserve(words.size());
   for (const std::string& word : words) {
     folded.push_back(caseFolded(word));
   }

@@ -42,7 +42,7 @@ Difference difference(const QImage& one, const QImage& other) {
     throw std::runtime_error("the pictures are not of one size");
   }
   Difference result;
-  const std::ptrdiff_t bytes = one.width() * 4;
+  const std::ptrdiff_t bytes = std::ptrdiff_t{one.width()} * 4;
   for (int y = 0; y < one.height(); ++y) {
     const uchar* const left = one.constScanLine(y);
     const uchar* const right = other.constScanLine(y);
