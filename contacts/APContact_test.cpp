@@ -169,7 +169,7 @@ TEST_F(APContactTest, LinkedContactsAreNeverThere) {
 
 TEST_F(APContactTest, APictureIsFetchedOnceAndOnlyWhenItIsAskedFor) {
   int fetched = 0;
-  const auto bytes = std::make_shared<const std::vector<std::uint8_t>>(Data{9});
+  auto bytes = std::make_shared<const std::vector<std::uint8_t>>(Data{9});
   const auto contact = APContact::initWithRecordRef(PersonBuilder(1, "A")
                                                         .thumbnail([&] {
                                                           ++fetched;
