@@ -126,6 +126,8 @@ std::shared_ptr<UITableViewCell> ZephylViewController::cellForRowAtIndexPath(
   auto cell = tableView.dequeueReusableCellWithIdentifier(kCellIdentifier);
   if (cell == nullptr) {
     cell = std::make_shared<UITableViewCell>(UITableViewCellStyle::kValue1, kCellIdentifier);
+    // What is put into it lies by its size from the start.
+    cell->setFrame(CGRectMake(0, 0, tableView.bounds().width(), kRowHeight));
   }
   if (indexPath.section != kTitleSection) {
     configureTableCell(*cell, indexPath);

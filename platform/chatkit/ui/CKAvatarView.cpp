@@ -15,6 +15,12 @@ namespace {
 
 // The size of the letters, of the side.
 constexpr CGFloat kLetters = 0.42;
+// How much is seen of the one behind.
+constexpr CGFloat kBehind = 0.6;
+
+// Arabic and its neighbours.
+constexpr char32_t kFirstJoining = 0x600;
+constexpr char32_t kLastJoining = 0x8FF;
 
 UIColor upperColor() {
   return UIColor::colorWithRed(165.0 / 255, 171.0 / 255, 185.0 / 255, 1);
@@ -49,12 +55,12 @@ ABPersonRef personOf(const CKConversation& conversation) {
 }
 
 // Head and shoulders in the middle of a rectangle.
-void drawSomebody(CGContext& context, const CGRect& rect) {
+void drawSomebody(CGContext& context, const CGRect& rect, const UIColor& color) {
   const CGFloat side = rect.width();
   const auto part = [&](CGFloat width, CGFloat y, CGFloat height) {
     context.fillEllipse(CGRectMake(rect.midX() - width * side / 2, rect.y() + y * side,
                                    width * side, height * side),
-                        UIColor::colorWithWhite(1, 1));
+                        color);
   };
   part(0.36, 0.2, 0.38);
   part(0.72, 0.64, 0.6);
@@ -95,8 +101,14 @@ std::string CKAvatarView::initialsOfName(const std::string& name) {
     }
     at = end + 1;
   }
-  if (letters.size() < 2) {
-    return letters.empty() ? std::string() : letters.front();
+  if (letters.empty()) {
+    return {};
+  }
+  // Letters that join make no initials side by side.
+  const char32_t first = utf8CharacterAt(letters.front(), 0).codePoint;
+  const bool joins = first >= kFirstJoining && first <= kLastJoining;
+  if (letters.size() < 2 || joins) {
+    return letters.front();
   }
   return letters.front() + letters.back();
 }
@@ -145,12 +157,13 @@ void CKAvatarView::drawRect(CGContext& context, const CGRect& rect) {
   context.clip({rect, rect.width() / 2});
   if (conversation_->isGroupConversation()) {
     const CGFloat side = rect.width() * 0.7;
-    drawSomebody(context,
-                 CGRectMake(rect.x() + rect.width() * 0.02, rect.y() + side * 0.2, side, side));
-    drawSomebody(context, CGRectMake(rect.maxX() - rect.width() * 0.02 - side,
-                                     rect.y() + side * 0.2, side, side));
+    const CGFloat y = rect.y() + side * 0.2;
+    drawSomebody(context, CGRectMake(rect.x() + rect.width() * 0.02, y, side, side),
+                 UIColor::colorWithWhite(1, kBehind));
+    drawSomebody(context, CGRectMake(rect.maxX() - rect.width() * 0.02 - side, y, side, side),
+                 UIColor::whiteColor());
   } else {
-    drawSomebody(context, rect);
+    drawSomebody(context, rect, UIColor::whiteColor());
   }
   context.restoreState();
 }

@@ -56,7 +56,8 @@ TEST_F(Avatar, InitialsAreOfTheFirstAndTheLastWordWithALetter) {
                                                         {"+1 555 0100", ""},
                                                         {"", ""},
                                                         {"  Robin  (2) ", "R"},
-                                                        {"\xff\xfe x", "x"}};
+                                                        {"\xff\xfe x", "x"},
+                                                        {"ليلى النعناع", "ل"}};
   for (const auto& [name, initials] : kCases) {
     EXPECT_EQ(CKAvatarView::initialsOfName(name), initials) << name;
   }
