@@ -2,8 +2,6 @@
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -56,6 +54,12 @@ class UnlockWatcher::Signals : public QObject {
     }
   }
 
+  void sessionTold(const QDBusMessage& answer) {
+    if (answer.signature() == "o") {
+      ourSession_ = answer.arguments().constFirst().value<QDBusObjectPath>().path();
+    }
+  }
+
   void busLost() { ended_(UnlockEnd::kBusLost); }
 
   void sessionLocked(const QDBusMessage& message) {
@@ -92,13 +96,8 @@ class UnlockWatcher::Signals : public QObject {
                                        "org.freedesktop.login1.Manager", "GetSession");
     // The session of this process, or else of its user's display.
     call << QString("auto");
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-      if (const QDBusMessage answer = watcher->reply(); answer.signature() == "o") {
-        ourSession_ = answer.arguments().constFirst().value<QDBusObjectPath>().path();
-      }
-      watcher->deleteLater();
-    });
+    // With a slot from the start, so that the answer is heard before any later signal.
+    bus.callWithCallback(call, this, SLOT(sessionTold(QDBusMessage)));
   }
 
   // Every session is, as long as ours is not known.
