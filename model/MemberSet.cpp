@@ -32,6 +32,19 @@ bool isChatGuid(const std::string& text) {
   return text.starts_with("SMS") || text.starts_with("sms") || text.starts_with("iMessage");
 }
 
+std::int64_t memberNumber(const Member& member) {
+  const auto* number = std::get_if<std::int64_t>(&member);
+  return number == nullptr ? Value(std::get<std::string>(member)).integerValue() : *number;
+}
+
+MemberKind memberKind(const Member& member) {
+  if (memberNumber(member) >= 1) {
+    return MemberKind::kPerson;
+  }
+  const auto* text = std::get_if<std::string>(&member);
+  return text != nullptr && isChatGuid(*text) ? MemberKind::kConversation : MemberKind::kAddress;
+}
+
 MemberSet::MemberSet(std::initializer_list<Member> members) {
   for (const Member& member : members) {
     add(member);

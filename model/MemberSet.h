@@ -18,8 +18,21 @@ namespace zephyl {
 
 using Member = std::variant<std::int64_t, std::string>;
 
-// Whether a member that is text names a conversation; any other text is an address.
+// Whether a text names a conversation: by its beginning.
 [[nodiscard]] ZP_EXPORT bool isChatGuid(const std::string& text);
+
+// The number that a member is, or that its text begins with; 0 for other texts.
+[[nodiscard]] ZP_EXPORT std::int64_t memberNumber(const Member& member);
+
+enum class MemberKind { kPerson, kConversation, kAddress };
+
+// What stands for what in a group: a number of 1 or more for a person's record id, a chat GUID for
+// its conversation, anything else for a phone number or an e-mail address.
+//
+// Kept: a text that begins with a number counts as that number, so a phone number kept as text,
+// "+15550100" too, counts as a record id, which is nobody's as a rule. Which conversations a group
+// holds does not go by this: there 12 and "12" differ, and a phone number is found as it stands.
+[[nodiscard]] ZP_EXPORT MemberKind memberKind(const Member& member);
 
 class ZP_EXPORT MemberSet {
  public:

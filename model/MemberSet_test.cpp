@@ -47,5 +47,38 @@ TEST(MemberSetTest, ElementsOfOtherTypesAreCarriedBehindTheMembers) {
   EXPECT_EQ(members.array(), (Array{"a", 5, Date{1}, Data{1}, Array{}}));
 }
 
+TEST(MemberKindTest, ANumberOfOneOrMoreIsAPerson) {
+  EXPECT_EQ(memberKind(std::int64_t{1}), MemberKind::kPerson);
+  EXPECT_EQ(memberKind(std::int64_t{1} << 40U), MemberKind::kPerson);
+  EXPECT_EQ(memberKind(std::int64_t{0}), MemberKind::kAddress);
+  EXPECT_EQ(memberKind(std::int64_t{-5}), MemberKind::kAddress);
+}
+
+// Kept: phone numbers among them.
+TEST(MemberKindTest, ATextThatBeginsWithANumberIsAPersonToo) {
+  for (const char* text : {"12", " 12", "+15550100", "5550100", "1-800-MY-APPLE", "7@b.example",
+                           "99999999999999999999"}) {
+    EXPECT_EQ(memberKind(text), MemberKind::kPerson) << text;
+  }
+  EXPECT_EQ(memberNumber("+15550100"), 15550100);
+  EXPECT_EQ(memberNumber(" 12x"), 12);
+}
+
+TEST(MemberKindTest, AConversationIsToldByTheBeginningOfItsGuid) {
+  for (const char* text : {"SMS;-;+15550100", "sms;-;22000", "iMessage;+;chat1", "SMS"}) {
+    EXPECT_EQ(memberKind(text), MemberKind::kConversation) << text;
+  }
+  for (const char* text : {"Sms;-;1", "imessage;-;1", "any;-;1", " SMS;-;1"}) {
+    EXPECT_EQ(memberKind(text), MemberKind::kAddress) << text;
+  }
+}
+
+TEST(MemberKindTest, AnyOtherTextIsAnAddress) {
+  for (const char* text : {"ada@example.com", "0", "-12", "*100#", "tel:+1555", ""}) {
+    EXPECT_EQ(memberKind(text), MemberKind::kAddress) << text;
+    EXPECT_LT(memberNumber(text), 1) << text;
+  }
+}
+
 }  // namespace
 }  // namespace zephyl

@@ -100,7 +100,7 @@ MemberDescription describe(const Member& member) {
     const ABPersonRef person =
         isRecordID ? host().addressBook()->personWithRecordID(static_cast<std::int32_t>(*number))
                    : nullptr;
-    return {*number >= 1 ? MemberKind::kPerson : MemberKind::kAddress, std::to_string(*number),
+    return {memberKind(member), std::to_string(*number),
             person == nullptr ? std::string() : nameOf(*person)};
   }
   const std::string& text = std::get<std::string>(member);

@@ -26,9 +26,8 @@ namespace zephyl::app {
 // "disabled, protected": what is out of the ordinary about the group; empty for nothing.
 [[nodiscard]] std::string traitsOf(const ZephylRef& group);
 
-enum class MemberKind { kPerson, kConversation, kAddress };
-
 struct MemberDescription {
+  // What the group's conversations are found by: a number kept as text is an address.
   MemberKind kind = MemberKind::kAddress;
   std::string text;  // the member itself
   std::string name;  // of the person or conversation behind it; empty when nobody is found

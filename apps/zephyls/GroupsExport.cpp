@@ -43,7 +43,7 @@ TransferredMember personMember(std::int64_t recordID) {
 
 void addMember(TransferredGroup& group, const Member& member, const Value& element) {
   if (const auto* number = std::get_if<std::int64_t>(&member)) {
-    if (*number >= 1) {
+    if (memberKind(member) == MemberKind::kPerson) {
       group.members.push_back(personMember(*number));
     } else {
       group.otherElements.push_back(element);

@@ -165,8 +165,8 @@ std::optional<FoundMember> MemberFinder::findAddress(const std::string& who) con
   if (!address) {
     if (isNumber(who)) {
       throw CommandError("no conversation is with " + who +
-                         ", and as a text of digits it would be taken for a record id; write a "
-                         "phone number with its country code: +…");
+                         ", and without a country code nobody can tell how a message would name "
+                         "it; write it with its country code: +…");
     }
     return std::nullopt;
   }

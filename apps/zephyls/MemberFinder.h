@@ -46,8 +46,8 @@ class MemberFinder {
                                                  const std::string& who) const;
 
   // The form in which a number or e-mail address matches the conversations of somebody who is in no
-  // address book. Nothing for other texts, and for short numbers that no conversation bears: text
-  // of digits alone would be taken for a record id.
+  // address book. Nothing for other texts, and for short numbers that no conversation bears: a
+  // member matches as it is written, and without a country code nobody can tell how that is.
   [[nodiscard]] std::optional<std::string> addressMember(const std::string& address) const;
 
   // The person in whose entry a number or e-mail address stands; null when nobody's.

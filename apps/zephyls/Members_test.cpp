@@ -78,7 +78,7 @@ TEST_F(MembersTest, AConversationIsNamedByEitherOfItsGuids) {
 
 TEST_F(MembersTest, OneUnknownMemberRefusesAll) {
   expectRefused({"add-member", "Work", "Ann Larkspur", "Nobody"}, "\"Nobody\" is nobody");
-  expectRefused({"add-member", "Work", "Ann Larkspur", "12"}, "taken for a record id");
+  expectRefused({"add-member", "Work", "Ann Larkspur", "12"}, "without a country code");
   expectRefused({"add-member", "Work", "Ann Larkspur", "SMS;-;+1999"},
                 "no conversation has the GUID");
   expectRefused({"add-member", "Work", "Ann Larkspur", ""}, "is nobody");

@@ -29,21 +29,6 @@ using Entries = ZephylViewController::MemberEntries;
 
 constexpr std::int64_t kConversationsSegment = 1;
 
-// The number that the member begins with. Kept: a text of digits only is a number too, and so
-// counts as a record id. An international number is none: it begins with a plus sign.
-std::int64_t numberOf(const Member& id) {
-  if (const auto* number = std::get_if<std::int64_t>(&id)) {
-    return *number;
-  }
-  const std::string& text = std::get<std::string>(id);
-  const std::size_t first = text.find_first_not_of(" \t\r\n");
-  return first != std::string::npos && text[first] == '+' ? 0 : Value(text).integerValue();
-}
-
-bool isRecordID(const Member& id) {
-  return numberOf(id) >= 1;
-}
-
 // Of 32 bits, as the address book counts: a number loses its upper bits, a text stops at the ends.
 std::int32_t intValue(const Member& id) {
   if (const auto* number = std::get_if<std::int64_t>(&id)) {
@@ -51,7 +36,7 @@ std::int32_t intValue(const Member& id) {
   }
   using Limits = std::numeric_limits<std::int32_t>;
   return static_cast<std::int32_t>(
-      std::clamp<std::int64_t>(numberOf(id), Limits::min(), Limits::max()));
+      std::clamp<std::int64_t>(memberNumber(id), Limits::min(), Limits::max()));
 }
 
 std::string textOf(const Member& id) {
@@ -88,11 +73,13 @@ void ZephylViewController::filterContactsAndConversations(const MemberSet* membe
   contacts_.clear();
   conversations_.clear();
   for (const Member& id : members == nullptr ? MemberSet() : *members) {
-    if (isRecordID(id)) {
+    const MemberKind kind = memberKind(id);
+    if (kind == MemberKind::kPerson) {
+      // Kept: numbers kept as text come here, and whose record is not found is left out.
       if (auto name = nameForPerson(id)) {
-        contacts_.push_back({std::move(*name), numberOf(id)});
+        contacts_.push_back({std::move(*name), memberNumber(id)});
       }
-    } else if (isChatGuid(textOf(id))) {
+    } else if (kind == MemberKind::kConversation) {
       constexpr int kLine = 132;
       if (const auto conversation = conversationOf(
               id, "-[ZephylViewController filterContactsAndConversations:]", kLine)) {
@@ -111,11 +98,11 @@ void ZephylViewController::filterContactsAndConversations(const MemberSet* membe
 void ZephylViewController::addContactsToZephyls(const std::vector<Member>& ids) {
   contacts_.clear();
   for (const Member& id : ids) {
-    if (!isRecordID(id)) {
+    if (memberKind(id) != MemberKind::kPerson) {
       continue;
     }
     if (auto name = nameForPerson(id)) {
-      contacts_.push_back({std::move(*name), numberOf(id)});
+      contacts_.push_back({std::move(*name), memberNumber(id)});
     }
   }
   sortByName(contacts_);
@@ -126,7 +113,7 @@ void ZephylViewController::addContactsToZephyls(const std::vector<Member>& ids) 
 void ZephylViewController::addConversationsToZephyls(const std::vector<Member>& ids) {
   conversations_.clear();
   for (const Member& id : ids) {
-    if (isRecordID(id)) {
+    if (memberKind(id) == MemberKind::kPerson) {
       continue;
     }
     constexpr int kLine = 337;

@@ -28,7 +28,7 @@ class EditorMembers : public EditorTest {
     device_.people().setPeople({person(1, "Robin Vale"), person(2, "Ada Oak"), person(3, "")});
     device_.conversationList().setConversations(
         {conversation("iMessage;-;team", "Team"), conversation("SMS;-;ada", "Ada")});
-    device_.phoneFormatting().setFormat("+15550100", "+1 (555) 0100");
+    device_.phoneFormatting().setFormat("*5550100", "* (555) 0100");
   }
   static ABPersonRef person(std::int32_t recordID, const std::string& name) {
     auto made = std::make_shared<ABPerson>();
@@ -72,19 +72,28 @@ class EditorMembers : public EditorTest {
 };
 
 TEST_F(EditorMembers, AreListedByKindAndSortedByName) {
-  editMembers({1, "iMessage;-;team", 2, "SMS;-;ada", "+15550100", "ada@example.com"});
-  EXPECT_THAT(editor_->contacts(), ElementsAre(contact("+1 (555) 0100", "+15550100"),
-                                               contact("Ada Oak", std::int64_t{2}),
-                                               contact("Robin Vale", std::int64_t{1}),
-                                               contact("ada@example.com", "ada@example.com")));
+  editMembers({1, "iMessage;-;team", 2, "SMS;-;ada", "*5550100", "ada@example.com"});
+  EXPECT_THAT(editor_->contacts(),
+              ElementsAre(contact("* (555) 0100", "*5550100"), contact("Ada Oak", std::int64_t{2}),
+                          contact("Robin Vale", std::int64_t{1}),
+                          contact("ada@example.com", "ada@example.com")));
   EXPECT_THAT(editor_->conversations(),
               ElementsAre(contact("Ada", "SMS;-;ada"), contact("Team", "iMessage;-;team")));
 }
 
 TEST_F(EditorMembers, ANumberKeptAsTextIsARecordId) {
-  editMembers({"2", "5550100", " 1 "});
+  editMembers({"2", "5550100", " 1 ", "+15550100"});
   EXPECT_THAT(editor_->contacts(), ElementsAre(contact("Ada Oak", std::int64_t{2}),
                                                contact("Robin Vale", std::int64_t{1})));
+  EXPECT_EQ(members().size(), 4U);
+}
+
+// Kept: nobody has such a record id, so the number is not written back.
+TEST_F(EditorMembers, ANumberKeptAsTextLeavesTheGroupWhenOtherMembersArePicked) {
+  editMembers({1, "+15550100", "ada@example.com"});
+  showConversations();
+  editor_->addConversationsToZephyls({Member("SMS;-;ada")});
+  EXPECT_THAT(members(), ElementsAre(Member(1), Member("ada@example.com"), Member("SMS;-;ada")));
 }
 
 TEST_F(EditorMembers, RecordIdsHaveThirtyTwoBits) {
