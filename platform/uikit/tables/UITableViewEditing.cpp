@@ -22,9 +22,18 @@ UITableView::Core::Editing UITableView::Core::editingOf(const NSIndexPath& path)
   return how;
 }
 
+// Only rows that are as they were last laid out: what is about to be made anew comes out right.
 void UITableView::Core::updateCells(bool animated) {
   const std::map<NSIndexPath, Cell> present = cells;
   for (const auto& [path, cell] : present) {
+    // An answer, or a cell, may have the table reload or lay itself out meanwhile.
+    if (needsCells) {
+      return;
+    }
+    const auto now = cells.find(path);
+    if (now == cells.end() || now->second != cell) {
+      continue;
+    }
     TableCellSurroundings surroundings = surroundingsOf(path, cell->surroundings());
     const Editing how = editing ? editingOf(path) : Editing{};
     // Leaving, the control goes the way it came.
@@ -43,6 +52,8 @@ void UITableView::setEditing(bool editing, bool animated) {
   if (editing == core_->editing) {
     return;
   }
+  // What was to be reloaded is first, so that the right rows are seen to change.
+  layoutIfNeeded();
   core_->closeSwipe(animated);
   core_->endPress();
   core_->editing = editing;

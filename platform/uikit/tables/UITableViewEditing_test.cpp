@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "platform/uikit/tables/TableDeleteButton.h"
 #include "platform/uikit/tables/TableEditControl.h"
 #include "platform/uikit/testing/TableFixture.h"
@@ -121,6 +123,40 @@ TEST_F(UITableViewEditingTest, AnInsertControlCommitsAtOnce) {
   EXPECT_EQ(control(0, 1)->accessibilityLabel(), "Add");
   test::tap(*window_, *control(0, 1));
   EXPECT_EQ(source_->log, "insert 1.0 ");
+}
+
+TEST_F(UITableViewEditingTest, EnteringAndLeavingReachTheRowsOfAPendingReload) {
+  source_->rows = {{"System", "Other"}, {"Work"}};
+  table_->reloadData();
+  table_->setEditing(true, true);
+  settle();
+  EXPECT_EQ(control(0, 0), nullptr);
+  EXPECT_EQ(control(1, 0), nullptr);
+  ASSERT_NE(control(0, 1), nullptr);
+  EXPECT_EQ(cell(1, 0)->surroundings().position, 2);
+  EXPECT_EQ(cell(1, 0)->surroundings().count, 2);
+  source_->rows = {{"System"}, {"Work", "Home"}};
+  table_->reloadData();
+  table_->setEditing(false, true);
+  settle();
+  EXPECT_EQ(cell(0, 0)->surroundings().count, 1);
+  EXPECT_EQ(cell(1, 1)->surroundings().position, 2);
+  EXPECT_EQ(shown(), "System Work Home ");
+}
+
+TEST_F(UITableViewEditingTest, EnteringWhileARowIsAskedForReachesAllRows) {
+  bool told = false;
+  source_->meanwhile = [&told](UITableView& table) {
+    if (!std::exchange(told, true)) {
+      table.setEditing(true, false);
+    }
+  };
+  table_->reloadData();
+  layout();
+  EXPECT_TRUE(cell(0, 0)->isEditing());
+  EXPECT_EQ(control(0, 0), nullptr);
+  EXPECT_NE(control(0, 1), nullptr);
+  EXPECT_NE(control(2, 1), nullptr);
 }
 
 TEST_F(UITableViewEditingTest, ASwipeUncoversTheButton) {
