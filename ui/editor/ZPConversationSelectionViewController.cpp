@@ -35,6 +35,29 @@ ZPConversationSelectionViewController::ZPConversationSelectionViewController(
   }
 }
 
+ZPConversationSelectionViewController::~ZPConversationSelectionViewController() {
+  endShowingAll();
+}
+
+void ZPConversationSelectionViewController::endShowingAll() {
+  if (std::exchange(showsAll_, false)) {
+    host().conversationList().shouldShowAllConversations(false);
+  }
+}
+
+void ZPConversationSelectionViewController::viewWillAppear(bool animated) {
+  showsAll_ = true;
+  CKConversationListController::viewWillAppear(animated);
+}
+
+void ZPConversationSelectionViewController::viewDidDisappear(bool animated) {
+  CKConversationListController::viewDidDisappear(animated);
+  // Under another screen it is still open.
+  if (presentingViewController() == nullptr) {
+    endShowingAll();
+  }
+}
+
 void ZPConversationSelectionViewController::setConversationDelegate(
     std::weak_ptr<ZPConversationSelectionViewControllerDelegate> delegate) {
   conversationDelegate_ = std::move(delegate);
@@ -126,8 +149,9 @@ void ZPConversationSelectionViewController::doneButtonAction() {
 }
 
 void ZPConversationSelectionViewController::cancelButtonAction() {
-  dismissViewControllerAnimated(
-      /*animated=*/true, [] { host().conversationList().shouldShowAllConversations(false); });
+  const auto kept =
+      std::static_pointer_cast<ZPConversationSelectionViewController>(shared_from_this());
+  dismissViewControllerAnimated(/*animated=*/true, [kept] { kept->endShowingAll(); });
 }
 
 bool ZPConversationSelectionViewController::accessibilityPerformEscape() {

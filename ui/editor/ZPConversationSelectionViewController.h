@@ -1,7 +1,8 @@
 // The system's list of conversations with check marks: the user ticks those that become members of
 // a group. Main thread.
 //
-// Whoever opens it has the shared conversation list show all conversations; closing ends that.
+// Whoever opens it has the shared conversation list show all conversations. Closing ends that, in
+// whichever way, and so does going away without having been shown.
 
 #pragma once
 
@@ -26,6 +27,7 @@ class ZP_EXPORT ZPConversationSelectionViewController : public CKConversationLis
   // whether a conversation is a member.
   ZPConversationSelectionViewController(const std::vector<Member>& alreadySelected,
                                         const ZephylRef& group);
+  ~ZPConversationSelectionViewController() override;
 
   // Chat GUIDs of the ticked ones.
   [[nodiscard]] const Guids& selectedConversations() const { return selectedConversations_; }
@@ -39,6 +41,8 @@ class ZP_EXPORT ZPConversationSelectionViewController : public CKConversationLis
   void updateNavigationItems();
 
   void viewDidLoad() override;
+  void viewWillAppear(bool animated) override;
+  void viewDidDisappear(bool animated) override;
   void updateConversationList() override;
   // Everybody's conversations are listed.
   [[nodiscard]] bool _messageFilteringEnabled() const override { return false; }
@@ -54,11 +58,14 @@ class ZP_EXPORT ZPConversationSelectionViewController : public CKConversationLis
  private:
   // Null for a row that there is not.
   [[nodiscard]] CKConversationRef conversationAt(const NSIndexPath& indexPath) const;
+  void endShowingAll();
   [[nodiscard]] bool isMarked(const CKConversationRef& conversation) const;
 
   Guids selectedConversations_;
   ZephylRef group_;
   std::weak_ptr<ZPConversationSelectionViewControllerDelegate> conversationDelegate_;
+  // What the opener began, from then on.
+  bool showsAll_ = true;
 };
 
 }  // namespace zephyl
