@@ -223,6 +223,8 @@ void ZephylViewController::pickMembers() {
     pickContacts(members);
     return;
   }
+  // A copy has none loaded, and the picker marks what belongs to the group through a person too.
+  zephyl_->loadAffiliatedConversations(/*inBackground=*/false);
   const auto picker = std::make_shared<ZPConversationSelectionViewController>(
       std::vector<Member>(members.begin(), members.end()), zephyl_);
   host().conversationList().shouldShowAllConversations(true);

@@ -28,6 +28,9 @@ class EditorMembers : public EditorTest {
     device_.people().setPeople({person(1, "Robin Vale"), person(2, "Ada Oak"), person(3, "")});
     device_.conversationList().setConversations(
         {conversation("iMessage;-;team", "Team"), conversation("SMS;-;ada", "Ada")});
+    // No group shows one that is not a member itself.
+    device_.conversationList().setShows(
+        [](const ZephylRef&, const CKConversationRef&) { return false; });
     device_.phoneFormatting().setFormat("*5550100", "* (555) 0100");
   }
   static ABPersonRef person(std::int32_t recordID, const std::string& name) {

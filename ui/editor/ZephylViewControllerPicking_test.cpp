@@ -49,6 +49,23 @@ class EditorPicking : public EditorTest {
   std::shared_ptr<Picker> picker_;
 };
 
+TEST_F(EditorPicking, AConversationOfAMemberIsMarkedAndNotTicked) {
+  editMembers({1});
+  openPicker();
+  ASSERT_NE(picker_, nullptr);
+  EXPECT_EQ(accessoryOf(0), Accessory::kCheckmark);
+  EXPECT_EQ(accessoryOf(1), Accessory::kNone);
+  EXPECT_TRUE(picker_->selectedConversations().empty());
+}
+
+TEST_F(EditorPicking, MarksAreThoseOfTheMembersAsTheyAreEdited) {
+  editMembers({1});
+  editor_->addContactsToZephyls({});
+  openPicker();
+  ASSERT_NE(picker_, nullptr);
+  EXPECT_EQ(accessoryOf(0), Accessory::kNone);
+}
+
 TEST_F(EditorPicking, ItIsOverWhenAScreenBelowDismissesThePicker) {
   editMembers({});
   openPicker();
