@@ -1,7 +1,9 @@
 // The table: which rows there are, what they show, and what stands above and below them.
 
+#include <algorithm>
 #include <cmath>
 
+#include "platform/uikit/CALayer.h"
 #include "platform/uikit/NSAttributedString.h"
 #include "platform/uikit/TextLayout.h"
 #include "platform/uikit/UIKitHost.h"
@@ -56,6 +58,19 @@ UIColor ownRowColor() {
   return UIColor::secondarySystemGroupedBackgroundColor();
 }
 
+// The line under a field belongs to no view.
+void removeLines(const UIView& view) {
+  const auto& views = view.subviews();
+  const auto layers = view.layer()->sublayers();
+  for (const auto& layer : layers) {
+    const bool isLine = std::none_of(views.begin(), views.end(),
+                                     [&](const auto& each) { return each->layer() == layer; });
+    if (isLine) {
+      layer->removeFromSuperlayer();
+    }
+  }
+}
+
 // A cell that was another row before must not keep what only that row has.
 void removeOwnViews(UITableViewCell& cell, const UIView* header, std::int64_t keptTag) {
   const auto views = cell.contentView()->subviews();
@@ -65,6 +80,7 @@ void removeOwnViews(UITableViewCell& cell, const UIView* header, std::int64_t ke
                        view->tag() == ZephylViewController::kMarkerColorTag;
     if (isOwn && (keptTag == 0 || view->tag() != keptTag)) {
       view->removeFromSuperview();
+      removeLines(*cell.contentView());
     }
   }
 }

@@ -172,6 +172,9 @@ TEST_F(EditorRows, ARowThatIsUsedAgainKeepsNothingOfTheOthers) {
     EXPECT_EQ(row->viewWithTag(Screen::kMaskedMessageTag) != nullptr, isMessage);
     EXPECT_EQ(row->viewWithTag(Screen::kMarkerColorTag) != nullptr, isMarker);
     EXPECT_EQ(row->accessoryView() == nullptr, isMessage || isMarker);
+    // The field's line too.
+    EXPECT_EQ(row->contentView()->layer()->sublayers().size(),
+              row->contentView()->subviews().size() + (isMessage ? 1 : 0));
   }
 }
 
