@@ -170,6 +170,8 @@ class ZP_EXPORT ZephylViewController : public UITableViewController,
   std::string zephylTmpMaskedMessage_;
   std::int64_t currentSelectionSegment_ = 0;
   bool isNewGroup_ = false;
+  // Whether the store took the new group although it could not be saved.
+  bool isAdded_ = false;
   bool shouldDisplayMarkerColor_ = false;
 };
 

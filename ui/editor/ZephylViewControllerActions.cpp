@@ -1,5 +1,7 @@
 // What the user does on the form.
 
+#include <algorithm>
+
 #include "platform/uikit/controllers/UINavigationController.h"
 #include "platform/uikit/controllers/UINavigationItem.h"
 #include "platform/uikit/controls/UISegmentedControl.h"
@@ -22,6 +24,12 @@ namespace {
 
 constexpr std::int64_t kMarkerColorRow = 2;
 
+// The very object.
+bool holds(ZephylsDataController& store, const ZephylRef& group) {
+  const auto groups = store.allZephyls()->snapshot();
+  return std::find(groups->begin(), groups->end(), group) != groups->end();
+}
+
 }  // namespace
 
 void ZephylViewController::updateNavigationBarItems() {
@@ -32,15 +40,20 @@ void ZephylViewController::updateNavigationBarItems() {
 }
 
 void ZephylViewController::saveGroupAction() {
+  const auto kept = shared_from_this();
   const auto store = ZephylsDataController::sharedInstance();
   const auto success = [weak = weakSelf()] {
     if (const auto self = weak.lock()) {
       self->cancelButtonAction();
     }
   };
-  // Kept: nothing is told when it fails; the screen stays with the edits.
-  const auto failure = [](const NSError&) {};
-  if (isNewGroup_) {
+  // Kept: nothing is told when it fails; the screen stays with the edits. The store may have taken
+  // the group all the same, so the edits go on in a copy.
+  const auto failure = [this, &store](const NSError&) {
+    isAdded_ = isNewGroup_ && holds(*store, zephyl_);
+    setZephyl(zephyl_);
+  };
+  if (isNewGroup_ && !isAdded_) {
     store->addZephyl(zephyl_, success, failure);
   } else {
     store->updateZephyl(zephyl_, success, failure);

@@ -92,7 +92,11 @@ struct ZephylViewController::Picture {
 
   template <class Act>
   void onMain(Act act) const {
-    host().dispatch().mainAsync([task = *this, act] { act(*task.group, task.screen.lock()); });
+    host().dispatch().mainAsync([task = *this, act] {
+      // The screen may have gone on with a copy.
+      const Screen shown = task.screen.lock();
+      act(shown == nullptr ? *task.group : *shown->zephyl_, shown);
+    });
   }
   void nameIt() const {
     // Kept: the picture that the group itself holds on to is not replaced.
