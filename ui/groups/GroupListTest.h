@@ -143,6 +143,11 @@ class GroupListTest : public ::testing::Test {
     device_.authentication().answer(success, error);
     settle();
   }
+  // As the user does.
+  void cancelFinger() {
+    const NSError error("com.apple.LocalAuthentication", -2);
+    answerFinger(/*success=*/false, &error);
+  }
 
   // The box or alert over the list; null for none.
   std::shared_ptr<UIAlertController> alert() {

@@ -140,6 +140,7 @@ void ZephylsViewController::rebuild(const Self& screen, const std::shared_ptr<Re
 
 void ZephylsViewController::show(std::uint64_t turn,
                                  std::shared_ptr<const GroupSections> sections) {
+  const std::set<std::int64_t> marked = markedGroups();
   if (turn > shownTurn_) {
     shownTurn_ = turn;
     sections_ = std::move(sections);
@@ -147,6 +148,7 @@ void ZephylsViewController::show(std::uint64_t turn,
   }
   if (isViewLoaded()) {
     tableView()->reloadData();
+    markGroups(marked);
   }
 }
 

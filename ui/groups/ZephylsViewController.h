@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,6 +26,8 @@
 #include "ui/groups/ZephylsViewControllerDelegate.h"
 
 namespace zephyl {
+
+class UINavigationController;
 
 class ZP_EXPORT ZephylsViewController : public UITableViewController {
  public:
@@ -115,16 +118,22 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   void makeAddingButtons();
   void observeNotifications();
   void enableOutermostRightButton(bool enabled);
+  // Whether rows are marked to be deleted, and the bar with it.
+  void setMarking(bool marking);
   void endEditing();
   void beginEditing();
+  [[nodiscard]] std::set<std::int64_t> markedGroups();
+  void markGroups(const std::set<std::int64_t>& identifiers);
+  void followMarks();
   void configureCell(UITableViewCell& cell, const ZephylRef& group);
   [[nodiscard]] bool isSelected(const ZephylRef& group) const;
   void browse(const ZephylRef& group);
   void manage(const ZephylRef& group);
   void toggle(UITableView& tableView, const NSIndexPath& indexPath, const ZephylRef& group);
+  [[nodiscard]] bool isOnTop(const UINavigationController& navigation) const;
   void openEditor(const ZephylRef& group);
   // Changes of groups (ZephylsViewControllerChanges.cpp).
-  // Later, once the owner was recognized; the user is told of a failure.
+  // Later, once the owner was recognized; the user is told of a failure. Not while `isBusy_`.
   void authenticate(const std::string& reason, Action action);
   void deleteGroup(const ZephylRef& group);
   void deleteGroups(const ZephylVector& groups);
@@ -144,6 +153,8 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   ZephylVector selectedGroups_;
   bool isViewPushed_ = false;
   bool isInEditing_ = false;
+  // From the request for a finger, or to change groups, until it is answered.
+  bool isBusy_ = false;
   bool shouldShowAsGrid_ = false;
 };
 

@@ -96,17 +96,22 @@ void ZephylsViewController::cancelButtonAction() {
 }
 
 void ZephylsViewController::editButtonAction() {
-  onMain(weakSelf(), [](ZephylsViewController& self) {
-    const auto& table = self.tableView();
-    // The table asks for the editing styles meanwhile.
-    self.isInEditing_ = !table->isEditing();
-    table->setEditing(self.isInEditing_, /*animated=*/true);
-    if (self.isInEditing_) {
-      self.beginEditing();
-    } else {
-      self.endEditing();
-    }
-  });
+  onMain(weakSelf(),
+         [](ZephylsViewController& self) { self.setMarking(!self.tableView()->isEditing()); });
+}
+
+void ZephylsViewController::setMarking(bool marking) {
+  if (marking == tableView()->isEditing()) {
+    return;
+  }
+  // The table asks for the editing styles meanwhile.
+  isInEditing_ = marking;
+  tableView()->setEditing(marking, /*animated=*/true);
+  if (marking) {
+    beginEditing();
+  } else {
+    endEditing();
+  }
 }
 
 void ZephylsViewController::beginEditing() {

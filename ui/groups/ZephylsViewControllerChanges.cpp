@@ -51,16 +51,23 @@ void addMembers(Zephyl& group, const std::vector<Member>& members) {
 }  // namespace
 
 void ZephylsViewController::authenticate(const std::string& reason, Action action) {
+  // Nothing covers the screen while a finger is awaited.
+  if (std::exchange(isBusy_, true)) {
+    return;
+  }
   // Answered on any thread.
   ZPUtils::requestForAuthentication(reason, [screen = weakSelf(), action = std::move(action)](
                                                 bool success, const NSError* error) {
-    if (error == nullptr && success) {
-      onMain(screen, action);
-    } else if (const auto failure = whyNotRecognized(error)) {
-      onMain(screen, [text = *failure](ZephylsViewController& self) {
-        zp__showError(self.shared_from_this(), text);
-      });
-    }
+    const bool recognized = error == nullptr && success;
+    const auto failure = recognized ? std::nullopt : whyNotRecognized(error);
+    onMain(screen, [recognized, failure, action](ZephylsViewController& self) {
+      self.isBusy_ = false;
+      if (recognized) {
+        action(self);
+      } else if (failure) {
+        zp__showError(self.shared_from_this(), *failure);
+      }
+    });
   });
 }
 
@@ -72,6 +79,9 @@ void ZephylsViewController::deleteGroup(const ZephylRef& group) {
 }
 
 void ZephylsViewController::deleteButtonAction() {
+  if (isBusy_) {
+    return;
+  }
   ZephylVector groups;
   std::vector<std::string> protectedTitles;
   // Kept: without biometrics nothing is collected, and the button then deletes nothing. Swiping
@@ -97,6 +107,7 @@ void ZephylsViewController::deleteButtonAction() {
 }
 
 void ZephylsViewController::deleteGroups(const ZephylVector& groups) {
+  isBusy_ = true;
   host().dispatch().globalAsync(QueuePriority::kDefault, [screen = weakSelf(), groups] {
     auto box = std::make_shared<BusyBox>();
     // Kept: shown from here, and not queued as when groups are updated: the work begins when the
@@ -112,13 +123,18 @@ void ZephylsViewController::deleteGroups(const ZephylVector& groups) {
     // The last who has the box is the main thread.
     host().dispatch().mainAsync([screen, box = std::move(box)] {
       if (const auto self = screen.lock()) {
-        self->editButtonAction();
+        self->isBusy_ = false;
+        // The user may have left it before the finger was recognized.
+        self->setMarking(false);
       }
     });
   });
 }
 
 void ZephylsViewController::doneButtonAction() {
+  if (isBusy_) {
+    return;
+  }
   const bool asks =
       ZPUtils::supportsTouchID() &&
       std::any_of(selectedGroups_.begin(), selectedGroups_.end(),
@@ -149,6 +165,7 @@ std::vector<Member> ZephylsViewController::membersToAdd() const {
 }
 
 void ZephylsViewController::updateSelectedGroups() {
+  isBusy_ = true;
   host().dispatch().globalAsync(
       QueuePriority::kDefault,
       [screen = weakSelf(), groups = selectedGroups_, members = membersToAdd()] {
@@ -172,6 +189,7 @@ void ZephylsViewController::updateSelectedGroups() {
             if (self == nullptr) {
               return;
             }
+            self->isBusy_ = false;
             if (failure) {
               zp__showError(self, *failure);
             } else {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/uikit/controllers/UIAlertController.h"
 #include "platform/uikit/controllers/UINavigationController.h"
 #include "platform/uikit/controllers/UINavigationItem.h"
 #include "platform/uikit/text/UILabel.h"
@@ -126,7 +127,7 @@ void ZephylsViewController::commitEditingStyle(UITableView& /*tableView*/,
 void ZephylsViewController::didSelectRowAtIndexPath(UITableView& tableView,
                                                     const NSIndexPath& indexPath) {
   if (tableView.isEditing()) {
-    enableOutermostRightButton(!tableView.indexPathsForSelectedRows().empty());
+    followMarks();
     return;
   }
   tableView.deselectRowAtIndexPath(indexPath, /*animated=*/true);
@@ -149,8 +150,42 @@ void ZephylsViewController::didSelectRowAtIndexPath(UITableView& tableView,
 void ZephylsViewController::didDeselectRowAtIndexPath(UITableView& tableView,
                                                       const NSIndexPath& /*indexPath*/) {
   if (tableView.isEditing()) {
-    enableOutermostRightButton(!tableView.indexPathsForSelectedRows().empty());
+    followMarks();
   }
+}
+
+void ZephylsViewController::followMarks() {
+  enableOutermostRightButton(!tableView()->indexPathsForSelectedRows().empty());
+}
+
+std::set<std::int64_t> ZephylsViewController::markedGroups() {
+  std::set<std::int64_t> identifiers;
+  if (isInEditing_) {
+    for (const NSIndexPath& path : tableView()->indexPathsForSelectedRows()) {
+      if (const ZephylRef group = sections_->groupAt(path)) {
+        identifiers.insert(group->identifier());
+      }
+    }
+  }
+  return identifiers;
+}
+
+// After a reload, which forgets the marks: those of groups that are still there come back.
+void ZephylsViewController::markGroups(const std::set<std::int64_t>& identifiers) {
+  if (!isInEditing_) {
+    return;
+  }
+  for (std::int64_t section = 0; section < std::ssize(sections_->titles()); ++section) {
+    for (std::int64_t row = 0; row < std::ssize(sections_->groupsIn(section)); ++row) {
+      const NSIndexPath path{section, row};
+      if (identifiers.contains(sections_->groupAt(path)->identifier()) &&
+          canEditRowAtIndexPath(*tableView(), path)) {
+        tableView()->selectRowAtIndexPath(path, /*animated=*/false,
+                                          UITableViewScrollPosition::kNone);
+      }
+    }
+  }
+  followMarks();
 }
 
 void ZephylsViewController::browse(const ZephylRef& group) {
@@ -194,8 +229,17 @@ void ZephylsViewController::manage(const ZephylRef& group) {
   }
 }
 
+// Not once another screen has come, as after a second tap or while a finger was awaited. Alerts do
+// not count: the owner may have been asked for the finger in one.
+bool ZephylsViewController::isOnTop(const UINavigationController& navigation) const {
+  const auto above = navigation.presentedViewController();
+  return navigation.topViewController().get() == this &&
+         (above == nullptr || dynamic_cast<const UIAlertController*>(above.get()) != nullptr);
+}
+
 void ZephylsViewController::openEditor(const ZephylRef& group) {
-  if (const auto navigation = navigationController()) {
+  const auto navigation = navigationController();
+  if (navigation != nullptr && isOnTop(*navigation)) {
     const auto editor = std::make_shared<ZephylViewController>(UITableViewStyle::kGrouped);
     editor->setZephyl(group);
     navigation->pushViewController(editor, /*animated=*/true);
