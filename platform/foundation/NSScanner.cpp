@@ -4,16 +4,10 @@
 #include <limits>
 
 #include "platform/foundation/Utf8.h"
+#include "platform/foundation/WhiteSpace.h"
 
 namespace zephyl {
 namespace {
-
-bool isWhiteSpaceOrNewline(char32_t codePoint) {
-  return (codePoint >= 0x09 && codePoint <= 0x0D) || codePoint == 0x20 || codePoint == 0x85 ||
-         codePoint == 0xA0 || codePoint == 0x1680 || (codePoint >= 0x2000 && codePoint <= 0x200A) ||
-         codePoint == 0x2028 || codePoint == 0x2029 || codePoint == 0x202F || codePoint == 0x205F ||
-         codePoint == 0x3000;
-}
 
 std::size_t skippingWhiteSpace(std::string_view text, std::size_t at) {
   while (at < text.size()) {

@@ -1,13 +1,12 @@
 #include "ui/people/ContactSearch.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <numeric>
 #include <utility>
 
 #include "platform/foundation/CaseFolding.h"
-#include "platform/foundation/Utf8.h"
+#include "platform/foundation/WhiteSpace.h"
 
 namespace zephyl {
 
@@ -15,40 +14,6 @@ namespace {
 
 // In no valid text. Words that hold it all the same are searched by the rule.
 constexpr char kEnd = '\xff';
-
-bool isWhiteSpace(char32_t character) {
-  constexpr std::array<char32_t, 8> kSpaces = {U' ',   U'\t',  0xA0,   0x1680,
-                                               0x202F, 0x205F, 0x3000, 0x200B};
-  return (character >= 0x2000 && character <= 0x200A) ||
-         std::find(kSpaces.begin(), kSpaces.end(), character) != kSpaces.end();
-}
-
-std::size_t startOfLastCharacter(std::string_view text) {
-  std::size_t at = text.size() - 1;
-  while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U) {
-    --at;
-  }
-  return at;
-}
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty()) {
-    const Utf8Character first = utf8CharacterAt(text, 0);
-    if (first.length == 0 || !isWhiteSpace(first.codePoint)) {
-      break;
-    }
-    text.remove_prefix(first.length);
-  }
-  while (!text.empty()) {
-    const std::size_t at = startOfLastCharacter(text);
-    const Utf8Character last = utf8CharacterAt(text, at);
-    if (last.length == 0 || !isWhiteSpace(last.codePoint)) {
-      break;
-    }
-    text.remove_suffix(text.size() - at);
-  }
-  return text;
-}
 
 // Calls `visit` with every text that is searched; an empty one is none.
 template <class Visit>
@@ -81,7 +46,7 @@ std::vector<std::string> foldedWords(const std::vector<std::string>& words) {
 }  // namespace
 
 std::vector<std::string> searchWords(std::string_view text) {
-  std::string_view rest = trimmed(text);
+  std::string_view rest = trimmedOfWhiteSpace(text);
   std::vector<std::string> words;
   while (!rest.empty()) {
     const std::size_t space = rest.find(' ');

@@ -4,6 +4,7 @@
 
 #include "platform/Host.h"
 #include "platform/addressbook/ABAddressBook.h"
+#include "platform/foundation/WhiteSpace.h"
 #include "platform/uikit/UIKitText.h"
 #include "platform/uikit/controllers/UIAlertController.h"
 #include "platform/uikit/controllers/UINavigationItem.h"
@@ -137,12 +138,7 @@ bool ABNewPersonViewController::textFieldShouldReturn(UITextField& textField) {
 }
 
 std::string ABNewPersonViewController::entered(Field which) const {
-  const std::string& text = field(which)->text();
-  constexpr char kSpaces[] = " \t\r\n";
-  const std::size_t begin = text.find_first_not_of(kSpaces);
-  return begin == std::string::npos
-             ? std::string()
-             : text.substr(begin, text.find_last_not_of(kSpaces) - begin + 1);
+  return std::string(trimmedOfWhiteSpaceAndNewlines(field(which)->text()));
 }
 
 ABPerson ABNewPersonViewController::person() const {
