@@ -84,6 +84,10 @@ bool MemberSet::remove(const Member& member) {
   return true;
 }
 
+MemberSet membersOrNone(const MemberSet* members) {
+  return members == nullptr ? MemberSet() : *members;
+}
+
 Array MemberSet::array() const {
   Array elements = stored_;
   elements.insert(elements.end(), carried_.begin(), carried_.end());

@@ -68,4 +68,7 @@ class ZP_EXPORT MemberSet {
   Array carried_;
 };
 
+// A copy that may be changed, of a set that need not be there: null has no members.
+[[nodiscard]] ZP_EXPORT MemberSet membersOrNone(const MemberSet* members);
+
 }  // namespace zephyl

@@ -47,6 +47,15 @@ TEST(MemberSetTest, ElementsOfOtherTypesAreCarriedBehindTheMembers) {
   EXPECT_EQ(members.array(), (Array{"a", 5, Date{1}, Data{1}, Array{}}));
 }
 
+TEST(MemberSetTest, ACopyOfNoSetIsEmptyAndOneOfASetLeavesItAlone) {
+  EXPECT_TRUE(membersOrNone(nullptr).empty());
+  const MemberSet members(Array{"a", Date{1}});
+  MemberSet copy = membersOrNone(&members);
+  copy.add("b");
+  EXPECT_EQ(copy.array(), (Array{"a", "b", Date{1}}));
+  EXPECT_EQ(members.array(), (Array{"a", Date{1}}));
+}
+
 TEST(MemberKindTest, ANumberOfOneOrMoreIsAPerson) {
   EXPECT_EQ(memberKind(std::int64_t{1}), MemberKind::kPerson);
   EXPECT_EQ(memberKind(std::int64_t{1} << 40U), MemberKind::kPerson);

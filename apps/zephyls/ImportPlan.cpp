@@ -132,8 +132,7 @@ class Planner {
       }
     }
     const ImportedMembers added = importedMembers(all, finder_);
-    const auto present = existing->contacts();
-    MemberSet members = present == nullptr ? MemberSet() : *present;
+    MemberSet members = membersOrNone(existing->contacts().get());
     for (const Member& member : added.members) {
       members.add(member);
     }

@@ -28,11 +28,6 @@ ZephylRef groupWithMembers(Session& session) {
   return group;
 }
 
-MemberSet membersOf(const ZephylRef& group) {
-  const auto members = group->contacts();
-  return members == nullptr ? MemberSet() : *members;
-}
-
 // Gives the group's members to `edit`, which may throw, and stores what it made of them.
 template <class Edit>
 int editMembers(Session& session, Output& output, const ZephylRef& known, const Edit& edit) {
@@ -42,7 +37,7 @@ int editMembers(Session& session, Output& output, const ZephylRef& known, const 
     LockedGroups locked(session, output);
     const ZephylRef group = locked.copyOf(known);
     change.before = group->dictionaryRepresentation();
-    MemberSet members = membersOf(group);
+    MemberSet members = membersOrNone(group->contacts().get());
     edit(members);
     group->setContacts(std::make_shared<const MemberSet>(std::move(members)));
     change.after = group->dictionaryRepresentation();
@@ -92,7 +87,7 @@ int removeMembers(Session& session, Output& output) {
     }
   };
   // Once before anything is asked.
-  MemberSet trial = membersOf(known);
+  MemberSet trial = membersOrNone(known->contacts().get());
   takeOut(trial);
   return editMembers(session, output, known, takeOut);
 }

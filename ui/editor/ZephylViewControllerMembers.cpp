@@ -72,7 +72,7 @@ std::optional<std::string> ZephylViewController::nameForPerson(const Member& id)
 void ZephylViewController::filterContactsAndConversations(const MemberSet* members) {
   contacts_.clear();
   conversations_.clear();
-  for (const Member& id : members == nullptr ? MemberSet() : *members) {
+  for (const Member& id : membersOrNone(members)) {
     const MemberKind kind = memberKind(id);
     if (kind == MemberKind::kPerson) {
       // Kept: numbers kept as text come here, and whose record is not found is left out.
@@ -149,11 +149,9 @@ void ZephylViewController::deleteContactOrConvoFromZephyl(
     return;
   }
   const auto entry = entries.begin() + index;
-  const auto before = zephyl_->contacts();
-  const auto members =
-      before == nullptr ? std::make_shared<MemberSet>() : std::make_shared<MemberSet>(*before);
-  members->remove(entry->id);
-  zephyl_->setContacts(members);
+  MemberSet members = membersOrNone(zephyl_->contacts().get());
+  members.remove(entry->id);
+  zephyl_->setContacts(std::make_shared<const MemberSet>(std::move(members)));
   entries.erase(entry);
   if (success) {
     success();
@@ -217,8 +215,7 @@ void ZephylViewController::pickContacts(const MemberSet& members) {
 }
 
 void ZephylViewController::pickMembers() {
-  const auto contacts = zephyl_->contacts();
-  const MemberSet members = contacts == nullptr ? MemberSet() : *contacts;
+  const MemberSet members = membersOrNone(zephyl_->contacts().get());
   if (currentSelectionSegment_ != kConversationsSegment) {
     pickContacts(members);
     return;

@@ -39,13 +39,11 @@ void dismiss(const BusyBox& box, const std::function<void()>& completion) {
 }
 
 void addMembers(Zephyl& group, const std::vector<Member>& members) {
-  const auto present = group.contacts();
-  const auto next =
-      present == nullptr ? std::make_shared<MemberSet>() : std::make_shared<MemberSet>(*present);
+  MemberSet next = membersOrNone(group.contacts().get());
   for (const Member& member : members) {
-    next->add(member);
+    next.add(member);
   }
-  group.setContacts(next);
+  group.setContacts(std::make_shared<const MemberSet>(std::move(next)));
 }
 
 }  // namespace
