@@ -6,7 +6,6 @@
 #include "platform/Host.h"
 #include "platform/foundation/Dispatch.h"
 #include "platform/foundation/NSNotificationCenter.h"
-#include "platform/uikit/controllers/UINavigationItem.h"
 
 #include "model/ZPLocalizedText.h"
 #include "model/ZPSettings.h"
@@ -64,6 +63,15 @@ ZephylsViewController::~ZephylsViewController() {
   NSNotificationCenter::defaultCenter()->removeObserver(this);
 }
 
+void ZephylsViewController::setZephylsDelegate(
+    std::weak_ptr<const ZephylsViewControllerDelegate> delegate) {
+  zephylsDelegate_ = std::move(delegate);
+}
+
+void ZephylsViewController::setConversations(std::optional<CKConversationArray> value) {
+  conversations_ = std::move(value);
+}
+
 std::int64_t ZephylsViewController::zephylsMode() const {
   return rebuilds_->mode;
 }
@@ -87,25 +95,13 @@ void ZephylsViewController::onMain(const Self& screen, Action action) {
 void ZephylsViewController::viewDidLoad() {
   UITableViewController::viewDidLoad();
   shouldShowAsGrid_ = false;
-  const std::int64_t mode = zephylsMode();
-  if (mode == ZephylsModeBrowse) {
-    makeBrowsingButtons();
-  } else if (!isViewPushed_) {
-    navigationItem()->setLeftBarButtonItem(std::make_shared<UIBarButtonItem>(
-        UIBarButtonSystemItem::kCancel, weakSelf(),
-        [this](UIBarButtonItem& /*sender*/) { cancelButtonAction(); }));
-  }
-  if (mode == ZephylsModeManage) {
-    makeManagingButtons();
-  } else if (mode == ZephylsModeAddToGroups) {
-    makeAddingButtons();
-  }
+  makeButtons();
   tableView()->setRowHeight(shouldShowAsGrid_ ? kTileHeight : kRowHeight);
   sections_ = std::make_shared<const GroupSections>();
   updateTableView();
   // Kept: only while browsing, which has no Edit button. Managing, rows are marked by their
   // editing style.
-  tableView()->setAllowsMultipleSelectionDuringEditing(mode == ZephylsModeBrowse);
+  tableView()->setAllowsMultipleSelectionDuringEditing(zephylsMode() == ZephylsModeBrowse);
   observeNotifications();
 }
 

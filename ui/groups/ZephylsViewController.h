@@ -40,9 +40,7 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   ZephylsViewController(UITableViewStyle style, std::optional<ZPRecipientArray> recipients);
   ~ZephylsViewController() override;
 
-  void setZephylsDelegate(std::weak_ptr<const ZephylsViewControllerDelegate> delegate) {
-    zephylsDelegate_ = std::move(delegate);
-  }
+  void setZephylsDelegate(std::weak_ptr<const ZephylsViewControllerDelegate> delegate);
   // Asked on any thread.
   [[nodiscard]] std::int64_t zephylsMode() const;
   void setZephylsMode(std::int64_t mode);
@@ -71,9 +69,7 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   [[nodiscard]] const std::optional<CKConversationArray>& conversations() const {
     return conversations_;
   }
-  void setConversations(std::optional<CKConversationArray> value) {
-    conversations_ = std::move(value);
-  }
+  void setConversations(std::optional<CKConversationArray> value);
 
   // Makes the list anew and shows it, both later. Calls that overlap are not gathered; a list that
   // was begun earlier never takes the place of a later one.
@@ -113,8 +109,8 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   static void rebuild(const Self& screen, const std::shared_ptr<Rebuilds>& rebuilds);
   void show(std::uint64_t turn, std::shared_ptr<const GroupSections> sections);
   void followReplacedGroups();
+  void makeButtons();
   void makeBrowsingButtons();
-  void makeManagingButtons();
   void makeAddingButtons();
   void observeNotifications();
   void enableOutermostRightButton(bool enabled);

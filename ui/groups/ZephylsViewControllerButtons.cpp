@@ -11,19 +11,55 @@
 
 namespace zephyl {
 
+namespace {
+
+UIBarButtonItemRef systemButton(UIBarButtonSystemItem item, ZephylsViewController& screen,
+                                void (ZephylsViewController::*action)()) {
+  return std::make_shared<UIBarButtonItem>(
+      item, screen.weak_from_this(),
+      [&screen, action](UIBarButtonItem& /*sender*/) { (screen.*action)(); });
+}
+
+UIBarButtonItemRef cancelButton(ZephylsViewController& screen) {
+  return systemButton(UIBarButtonSystemItem::kCancel, screen,
+                      &ZephylsViewController::cancelButtonAction);
+}
+
+UIBarButtonItemRef editButton(ZephylsViewController& screen) {
+  return systemButton(UIBarButtonSystemItem::kEdit, screen,
+                      &ZephylsViewController::editButtonAction);
+}
+
+UIBarButtonItemRef addButton(ZephylsViewController& screen) {
+  return systemButton(UIBarButtonSystemItem::kAdd, screen, &ZephylsViewController::addGroupAction);
+}
+
+}  // namespace
+
+void ZephylsViewController::makeButtons() {
+  const std::int64_t mode = zephylsMode();
+  if (mode == ZephylsModeBrowse) {
+    makeBrowsingButtons();
+  } else if (!isViewPushed_) {
+    navigationItem()->setLeftBarButtonItem(cancelButton(*this));
+  }
+  if (mode == ZephylsModeManage) {
+    setTitle(zpLocalizedText("Manage Groups"));
+    navigationItem()->setRightBarButtonItem(editButton(*this));
+  } else if (mode == ZephylsModeAddToGroups) {
+    makeAddingButtons();
+  }
+}
+
 void ZephylsViewController::makeBrowsingButtons() {
   setTitle(zpLocalizedText("Zephyls"));
-  const auto add =
-      std::make_shared<UIBarButtonItem>(UIBarButtonSystemItem::kAdd, weakSelf(),
-                                        [this](UIBarButtonItem& /*sender*/) { addGroupAction(); });
+  const auto add = addButton(*this);
   const auto groups = std::make_shared<UIBarButtonItem>(
       settingsPicture("users_group"), UIBarButtonItemStyle::kDone, weakSelf(),
       [this](UIBarButtonItem& /*sender*/) { zp__manageAllGroups(); });
   groups->setAccessibilityLabel(zpLocalizedText("Manage Groups"));
   if (ZPUtils::isIOS13()) {
-    navigationItem()->setLeftBarButtonItem(std::make_shared<UIBarButtonItem>(
-        UIBarButtonSystemItem::kCancel, weakSelf(),
-        [this](UIBarButtonItem& /*sender*/) { cancelButtonAction(); }));
+    navigationItem()->setLeftBarButtonItem(cancelButton(*this));
     navigationItem()->setRightBarButtonItems({groups, add});
   } else {
     navigationItem()->setLeftBarButtonItem(add);
@@ -31,24 +67,13 @@ void ZephylsViewController::makeBrowsingButtons() {
   }
 }
 
-void ZephylsViewController::makeManagingButtons() {
-  setTitle(zpLocalizedText("Manage Groups"));
-  navigationItem()->setRightBarButtonItem(std::make_shared<UIBarButtonItem>(
-      UIBarButtonSystemItem::kEdit, weakSelf(),
-      [this](UIBarButtonItem& /*sender*/) { editButtonAction(); }));
-}
-
 void ZephylsViewController::makeAddingButtons() {
   selectedGroups_.clear();
   setTitle(zpLocalizedText("Add to Groups"));
-  const auto done = std::make_shared<UIBarButtonItem>(
-      UIBarButtonSystemItem::kDone, weakSelf(),
-      [this](UIBarButtonItem& /*sender*/) { doneButtonAction(); });
+  const auto done =
+      systemButton(UIBarButtonSystemItem::kDone, *this, &ZephylsViewController::doneButtonAction);
   done->setEnabled(false);
-  navigationItem()->setRightBarButtonItems(
-      {done, std::make_shared<UIBarButtonItem>(
-                 UIBarButtonSystemItem::kAdd, weakSelf(),
-                 [this](UIBarButtonItem& /*sender*/) { addGroupAction(); })});
+  navigationItem()->setRightBarButtonItems({done, addButton(*this)});
 }
 
 void ZephylsViewController::enableOutermostRightButton(bool enabled) {
@@ -120,19 +145,14 @@ void ZephylsViewController::beginEditing() {
       [this](UIBarButtonItem& /*sender*/) { deleteButtonAction(); });
   remove->setEnabled(false);
   navigationItem()->setRightBarButtonItem(remove);
-  navigationItem()->setLeftBarButtonItem(std::make_shared<UIBarButtonItem>(
-      UIBarButtonSystemItem::kDone, weakSelf(),
-      [this](UIBarButtonItem& /*sender*/) { editButtonAction(); }));
+  navigationItem()->setLeftBarButtonItem(
+      systemButton(UIBarButtonSystemItem::kDone, *this, &ZephylsViewController::editButtonAction));
 }
 
 void ZephylsViewController::endEditing() {
-  navigationItem()->setRightBarButtonItem(std::make_shared<UIBarButtonItem>(
-      UIBarButtonSystemItem::kEdit, weakSelf(),
-      [this](UIBarButtonItem& /*sender*/) { editButtonAction(); }));
+  navigationItem()->setRightBarButtonItem(editButton(*this));
   // Kept: also where the screen was pushed and had no Cancel button before.
-  navigationItem()->setLeftBarButtonItem(std::make_shared<UIBarButtonItem>(
-      UIBarButtonSystemItem::kCancel, weakSelf(),
-      [this](UIBarButtonItem& /*sender*/) { cancelButtonAction(); }));
+  navigationItem()->setLeftBarButtonItem(cancelButton(*this));
 }
 
 }  // namespace zephyl
