@@ -5,40 +5,14 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/uikit/text/UIImageView.h"
-#include "platform/uikit/text/UILabel.h"
-
-#include "ui/groups/GroupCellTest.h"
+#include "ui/groups/ManageCellTest.h"
 
 namespace zephyl {
 namespace {
 
 using test::GroupBuilder;
-using Cell = ZephylsManageTableViewCell;
 
-class ZephylsManageTableViewCellTest : public test::GroupCellTest {
- protected:
-  [[nodiscard]] std::shared_ptr<UILabel> label(std::int64_t tag) const {
-    return std::dynamic_pointer_cast<UILabel>(cell_->viewWithTag(tag));
-  }
-  [[nodiscard]] std::string text(std::int64_t tag) const { return label(tag)->text(); }
-  [[nodiscard]] UIImageRef lock() const {
-    return std::dynamic_pointer_cast<UIImageView>(cell_->viewWithTag(Cell::kLockTag))->image();
-  }
-  std::shared_ptr<UIView> addMarker() {
-    auto marker = std::make_shared<UIView>(CGRectMake(0, 0, 5, 44));
-    marker->setTag(Cell::kMarkerTag);
-    cell_->contentView()->addSubview(marker);
-    return marker;
-  }
-  void fill(const ZephylRef& group) {
-    cell_->setZephyl(group);
-    window_->layoutWindow();
-  }
-
-  std::shared_ptr<Cell> cell_ =
-      std::make_shared<Cell>(UITableViewCellStyle::kDefault, "defaultCell");
-};
+class ZephylsManageTableViewCellTest : public test::ManageCellTest {};
 
 TEST_F(ZephylsManageTableViewCellTest, TheSubviewsAreMadeForTheFirstSizeOfTheCell) {
   const CGSize size = cell_->bounds().size;
