@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/Host.h"
 #include "platform/uikit/UIViewAnimation.h"
 #include "platform/uikit/controllers/UIBarButtonItem.h"
 #include "platform/uikit/controllers/UINavigationController.h"
@@ -24,29 +23,23 @@ UIBarButtonItemRef barButton(UIBarButtonSystemItem item) {
   return std::make_shared<UIBarButtonItem>(item, std::weak_ptr<const void>(), nullptr);
 }
 
-}  // namespace
+linux_host::UIKitOptions screenOptions() {
+  linux_host::UIKitOptions options = linux_host::stillScreen(BenchScreen::kScale);
+  options.screen.size = BenchScreen::kSize;
+  return options;
+}
 
-BenchScreen::BenchScreen() {
-  linux_host::UIKitOptions screen;
-  screen.screen.size = kSize;
-  screen.screen.scale = kScale;
-  screen.screen.style = kStyle;
-  screen.screen.reducedMotion = true;
-  auto kit = std::make_unique<linux_host::LinuxUIKit>(std::move(screen));
-  kit_ = kit.get();
+linux_host::DeviceOptions deviceOptions() {
   linux_host::DeviceOptions options;
-  options.deviceRoot = root_.path();
   options.overlay = ZEPHYLS_OVERLAY;
   // Else nothing would be shown as protected.
   options.hasBiometrics = true;
-  options.uikit = std::move(kit);
-  device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
-  install(*device_);
+  return options;
 }
 
-BenchScreen::~BenchScreen() {
-  uninstall();
-}
+}  // namespace
+
+BenchScreen::BenchScreen() : device_(screenOptions(), deviceOptions()) {}
 
 linux_host::WindowPicture::Update BenchScreen::update(linux_host::WindowPicture& picture) {
   return picture.update(kScale, kStyle);

@@ -13,9 +13,8 @@
 #include "platform/uikit/UIWindow.h"
 #include "platform/uikit/tables/UITableViewController.h"
 
-#include "hosts/contract/TemporaryFolder.h"
-#include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/screen/LinuxUIKit.h"
+#include "hosts/linux/screen/ScreenDevice_testing.h"
 #include "hosts/linux/screen/WindowPicture.h"
 #include "model/Zephyl.h"
 
@@ -32,17 +31,12 @@ class BenchScreen {
   static constexpr CGFloat kScale = 3;
 
   BenchScreen();
-  ~BenchScreen();
-  BenchScreen(const BenchScreen&) = delete;
-  BenchScreen& operator=(const BenchScreen&) = delete;
 
-  [[nodiscard]] linux_host::LinuxUIKit& kit() { return *kit_; }
+  [[nodiscard]] linux_host::LinuxUIKit& kit() { return device_.kit(); }
   [[nodiscard]] static linux_host::WindowPicture::Update update(linux_host::WindowPicture& picture);
 
  private:
-  contract::TemporaryFolder root_;
-  linux_host::LinuxUIKit* kit_ = nullptr;
-  std::unique_ptr<linux_host::LinuxDevice> device_;
+  linux_host::ScreenDevice device_;
 };
 
 // What one row shows.

@@ -7,17 +7,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Host.h"
 #include "platform/uikit/UIViewAnimation.h"
 #include "platform/uikit/UIWindow.h"
 #include "platform/uikit/controllers/UINavigationController.h"
 #include "platform/uikit/tables/ScrollIndicator.h"
 #include "platform/uikit/testing/TreeBuilder.h"
 
-#include "hosts/contract/TemporaryFolder.h"
-#include "hosts/linux/LinuxDevice.h"
-#include "hosts/linux/LinuxDispatch.h"
-#include "hosts/linux/screen/LinuxUIKit.h"
+#include "hosts/linux/screen/ScreenDevice_testing.h"
 #include "hosts/linux/screen/WindowPicture.h"
 #include "model/TestGroups.h"
 #include "store/ZephylsDataController.h"
@@ -36,18 +32,6 @@ class GroupListPixels : public ::testing::Test {
   static constexpr auto kStyle = UIUserInterfaceStyle::kLight;
 
   GroupListPixels() {
-    linux_host::UIKitOptions wishes;
-    wishes.screen.scale = kScale;
-    wishes.screen.style = kStyle;
-    wishes.screen.reducedMotion = true;
-    auto screen = std::make_unique<linux_host::LinuxUIKit>(std::move(wishes));
-    uikit_ = screen.get();
-    linux_host::DeviceOptions options;
-    options.deviceRoot = folder_.path();
-    options.systemVersion = "11.4";
-    options.uikit = std::move(screen);
-    device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
-    install(*device_);
     ZephylsDataController::sharedInstance()->allZephyls()->append(manyGroups());
     list_ = std::make_shared<ZephylsViewController>(UITableViewStyle::kPlain);
     list_->setZephylsMode(ZephylsModeManage);
@@ -55,22 +39,20 @@ class GroupListPixels : public ::testing::Test {
     window_->setRootViewController(UINavigationController::initWithRootViewController(list_));
     for (int round = 0; round < 3; ++round) {
       window_->layoutWindow();
-      device_->queues().runMainUntilIdle();
+      device_.device().queues().runMainUntilIdle();
       finishAllAnimations();
     }
     window_->layoutWindow();
     zephyl::test::viewOf<ScrollIndicator>(table())->setHidden(true);
-    picture_ = std::make_unique<linux_host::WindowPicture>(*window_, uikit_->paintCaches());
+    picture_ = std::make_unique<linux_host::WindowPicture>(*window_, device_.kit().paintCaches());
     scrollTo(1000 * kRow);
   }
-  ~GroupListPixels() override {
-    picture_ = nullptr;
-    list_ = nullptr;
-    window_ = nullptr;
-    device_->queues().stop();
-    uninstall();
-  }
 
+  static linux_host::DeviceOptions withGroupsFile() {
+    linux_host::DeviceOptions options;
+    options.systemVersion = "11.4";
+    return options;
+  }
   static ZephylVector manyGroups() {
     ZephylVector groups = {made(GroupBuilder(1, "All").system(ZephylSystemModeAll))};
     for (int number = 2; number <= 10'001; ++number) {
@@ -87,7 +69,7 @@ class GroupListPixels : public ::testing::Test {
   std::int64_t scrollTo(CGFloat y) {
     table().setContentOffset({0, y});
     const std::int64_t painted = picture_->update(kScale, kStyle).painted;
-    linux_host::WindowPicture fresh(*window_, uikit_->paintCaches());
+    linux_host::WindowPicture fresh(*window_, device_.kit().paintCaches());
     static_cast<void>(fresh.update(kScale, kStyle));
     EXPECT_EQ(picture_->image(), fresh.image()) << y;
     return painted;
@@ -101,9 +83,7 @@ class GroupListPixels : public ::testing::Test {
   // Where rows are cut by pixels and by lines between them.
   static constexpr CGFloat kEdges = 8;
 
-  contract::TemporaryFolder folder_;
-  linux_host::LinuxUIKit* uikit_ = nullptr;
-  std::unique_ptr<linux_host::LinuxDevice> device_;
+  linux_host::ScreenDevice device_{linux_host::stillScreen(kScale), withGroupsFile()};
   std::shared_ptr<ZephylsViewController> list_;
   std::shared_ptr<UIWindow> window_;
   std::unique_ptr<linux_host::WindowPicture> picture_;

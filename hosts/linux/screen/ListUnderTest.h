@@ -76,7 +76,7 @@ class ListTest : public ScreenTest {
   static constexpr UIUserInterfaceStyle kStyle = UIUserInterfaceStyle::kLight;
   static constexpr CGFloat kWidth = 390;
 
-  ListTest() : ScreenTest(options()) {
+  ListTest() : ScreenTest(stillScreen(3)) {
     list_->setTitle("Groups");
     const auto add = std::make_shared<UIBarButtonItem>(UIBarButtonSystemItem::kAdd,
                                                        std::weak_ptr<const void>(), nullptr);
@@ -91,14 +91,6 @@ class ListTest : public ScreenTest {
     badge_->setCenter({280, 22});
     finishAllAnimations();
     window_->layoutWindow();
-  }
-
-  [[nodiscard]] static UIKitOptions options() {
-    UIKitOptions options;
-    options.screen.scale = 3;
-    options.screen.style = kStyle;
-    options.screen.reducedMotion = true;
-    return options;
   }
 
   void setScale(CGFloat scale) { kit().screen().setGeometry({kWidth, 844}, scale); }

@@ -11,24 +11,18 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/Host.h"
 #include "platform/uikit/NSAttributedString.h"
 
-#include "hosts/contract/TemporaryFolder.h"
-#include "hosts/linux/LinuxDevice.h"
-#include "hosts/linux/screen/LinuxUIKit.h"
 #include "hosts/linux/screen/QtContext.h"
+#include "hosts/linux/screen/ScreenDevice_testing.h"
 
 namespace zephyl::linux_host {
 
 class ScreenTest : public ::testing::Test {
  protected:
-  explicit ScreenTest(UIKitOptions options = {}) : device_(deviceOptions(std::move(options))) {
-    install(device_);
-  }
-  ~ScreenTest() override { uninstall(); }
+  explicit ScreenTest(UIKitOptions options = {}) : device_(std::move(options)) {}
 
-  [[nodiscard]] LinuxUIKit& kit() { return static_cast<LinuxUIKit&>(*device_.uikit()); }
+  [[nodiscard]] LinuxUIKit& kit() { return device_.kit(); }
 
   [[nodiscard]] static NSAttributedString text(const std::string& words, CGFloat size = 17,
                                                const UIColor& color = UIColor::blackColor()) {
@@ -39,15 +33,7 @@ class ScreenTest : public ::testing::Test {
   }
 
  private:
-  DeviceOptions deviceOptions(UIKitOptions options) {
-    DeviceOptions device;
-    device.deviceRoot = root_.path();
-    device.uikit = std::make_unique<LinuxUIKit>(std::move(options));
-    return device;
-  }
-
-  contract::TemporaryFolder root_;
-  LinuxDevice device_;
+  ScreenDevice device_;
 };
 
 // White paper of some points, and a context on it.
