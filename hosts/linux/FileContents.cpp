@@ -220,6 +220,16 @@ NewFileOutcome writeNewFile(const std::string& path, const std::string& contents
   return {};
 }
 
+std::string behindLinks(const std::string& path) {
+  constexpr int kMostLinks = 40;
+  std::filesystem::path file(path);
+  std::error_code error;
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(file, error); ++links) {
+    file = file.parent_path() / std::filesystem::read_symlink(file, error);
+  }
+  return file.string();
+}
+
 FileFailure replaceFile(const std::string& path, const std::string& contents) {
   struct stat status {};
   if (::lstat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
@@ -228,7 +238,7 @@ FileFailure replaceFile(const std::string& path, const std::string& contents) {
   std::string temporary = path + ".XXXXXX";
   Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
   if (!file.isOpen()) {
-    return failure("cannot make " + temporary);
+    return failure("cannot make a new file beside it");
   }
   FileFailure failed = fill(file, contents);
   if (!failed) {

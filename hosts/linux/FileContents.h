@@ -40,7 +40,11 @@ struct NewFileOutcome {
 };
 [[nodiscard]] NewFileOutcome writeNewFile(const std::string& path, const std::string& contents);
 
+// Where a symbolic link leads, whether or not there is a file; other paths as they are.
+[[nodiscard]] std::string behindLinks(const std::string& path);
+
 // Through a new file beside it and a rename: the old content or the new, never anything between.
+// `path` must not be a symbolic link.
 [[nodiscard]] FileFailure replaceFile(const std::string& path, const std::string& contents);
 
 // Both on the disk when they return. A file that is missing is removed already; one that has the

@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "hosts/linux/contacts/WholeFile.h"
+#include "hosts/linux/FileContents.h"
 
 namespace zephyl::linux_host {
 
@@ -70,11 +70,11 @@ std::optional<std::string_view> takeLine(std::string_view& text) {
 
 RecordIDs::RecordIDs(std::filesystem::path file, Access access)
     : file_(std::move(file)), mayWrite_(access == Access::kReadAndWrite) {
-  const WholeFile read = readWhole(file_);
-  if (read.failure) {
-    onlyForThisRun(*read.failure);
-  } else if (read.exists) {
-    readText(read.bytes);
+  const FileReading reading = readWholeFile(file_.string());
+  if (reading.contents) {
+    readText(*reading.contents);
+  } else if (!reading.isMissing()) {
+    onlyForThisRun(reading.reason);
   }
 }
 
@@ -193,7 +193,7 @@ void RecordIDs::save() {
   if (!isChanged_ || !mayWrite_) {
     return;
   }
-  if (const auto failure = replaceWhole(file_, text())) {
+  if (const auto failure = replaceFile(behindLinks(file_.string()), text())) {
     notes_.warning(file_.string(), 0,
                    *failure + "; the ids of new people are good for this run only");
     return;

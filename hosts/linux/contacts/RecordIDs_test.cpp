@@ -127,7 +127,7 @@ TEST_F(RecordIDsTest, WhatWasPutAsideBeforeStays) {
 TEST_F(RecordIDsTest, AFileThatCannotBeReadIsLeftAlone) {
   std::filesystem::create_directory(file_);
   EXPECT_EQ(run({"a"}), std::vector<std::int32_t>{RecordIDs::kFirstOfThisRun});
-  EXPECT_EQ(notes_.errors(), Strings{file_ + ": this is not a regular file; the people's ids are "
+  EXPECT_EQ(notes_.errors(), Strings{file_ + ": it is a folder; the people's ids are "
                                              "good for this run only"});
   EXPECT_TRUE(std::filesystem::is_directory(file_));
 }
@@ -136,9 +136,10 @@ TEST_F(RecordIDsTest, AFileThatCannotBeWrittenStillGivesIds) {
   file_ = folder_.file("none/ids");
   EXPECT_EQ(run({"a"}), std::vector<std::int32_t>{1000001});
   EXPECT_TRUE(notes_.errors().empty());
-  EXPECT_EQ(notes_.warnings(),
-            Strings{file_ + ": the file cannot be written: No such file or directory; the ids of "
-                            "new people are good for this run only"});
+  EXPECT_EQ(
+      notes_.warnings(),
+      Strings{file_ + ": cannot make a new file beside it: No such file or directory; the ids "
+                      "of new people are good for this run only"});
 }
 
 TEST_F(RecordIDsTest, ALinkStaysALink) {

@@ -8,7 +8,7 @@
 
 #include "platform/foundation/Utf8.h"
 
-#include "hosts/linux/contacts/WholeFile.h"
+#include "hosts/linux/FileContents.h"
 
 namespace zephyl::linux_host {
 
@@ -104,14 +104,15 @@ std::string vCardText(const ABPerson& person) {
 }
 
 std::optional<std::string> appendVCard(const std::filesystem::path& file, const ABPerson& person) {
-  WholeFile before = readWhole(file);
-  std::optional<std::string> failure = std::move(before.failure);
-  if (!failure) {
-    if (!before.bytes.empty() && before.bytes.back() != '\n') {
-      before.bytes += "\r\n";
-    }
-    failure = replaceWhole(file, before.bytes + vCardText(person));
+  const FileReading before = readWholeFile(file.string());
+  if (!before.contents && !before.isMissing()) {
+    return file.string().append(": ").append(before.reason);
   }
+  std::string cards = before.contents.value_or("");
+  if (!cards.empty() && cards.back() != '\n') {
+    cards += "\r\n";
+  }
+  FileFailure failure = replaceFile(behindLinks(file.string()), cards + vCardText(person));
   if (failure) {
     failure->insert(0, file.string() + ": ");
   }
