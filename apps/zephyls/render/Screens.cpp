@@ -6,9 +6,9 @@
 
 #include "platform/Host.h"
 #include "platform/chatkit/CKConversationList.h"
-#include "platform/uikit/controllers/UINavigationController.h"
 
 #include "apps/common/CommandError.h"
+#include "apps/common/GroupsNavigationController.h"
 #include "apps/zephyls/Session.h"
 #include "model/ZPLocalizedText.h"
 #include "store/ZephylsDataController.h"
@@ -26,7 +26,7 @@ using GroupList = std::shared_ptr<ZephylsViewController>;
 
 ShownScreen inNavigation(const std::shared_ptr<UIViewController>& screen,
                          std::shared_ptr<const void> kept = nullptr) {
-  return {UINavigationController::initWithRootViewController(screen), std::move(kept)};
+  return {GroupsNavigationController::initWithRootViewController(screen), std::move(kept)};
 }
 
 // The one that was named, else the first that will do.
@@ -59,6 +59,7 @@ ShownScreen makeGroups(Session& /*session*/) {
       shown->presentViewController(inNavigation(makeManaging()).controller, /*animated=*/true);
     }
   };
+  delegate->zp__addNewGroup = addingNewGroup(list);
   list->setZephylsDelegate(delegate);
   return inNavigation(list, delegate);
 }
@@ -70,8 +71,11 @@ ShownScreen makeManage(Session& /*session*/) {
 ShownScreen makeAdd(Session& session) {
   const auto conversation =
       chosenConversation(session, [](const CKConversation& /*any*/) { return true; });
-  return inNavigation(
-      std::make_shared<ZephylsViewController>(UITableViewStyle::kPlain, conversation));
+  const auto list = std::make_shared<ZephylsViewController>(UITableViewStyle::kPlain, conversation);
+  const auto delegate = std::make_shared<ZephylsViewControllerDelegate>();
+  delegate->zp__addNewGroup = addingNewGroup(list);
+  list->setZephylsDelegate(delegate);
+  return inNavigation(list, delegate);
 }
 
 ShownScreen makeRecipients(Session& session) {
@@ -94,10 +98,10 @@ ZephylRef chosenGroup(Session& session) {
 }
 
 // Over the groups to be managed.
-std::shared_ptr<UINavigationController> makeEditing(Session& session) {
+std::shared_ptr<GroupsNavigationController> makeEditing(Session& session) {
   const auto editor = std::make_shared<ZephylViewController>();
   editor->setZephyl(chosenGroup(session));
-  auto navigation = UINavigationController::initWithRootViewController(makeManaging());
+  auto navigation = GroupsNavigationController::initWithRootViewController(makeManaging());
   navigation->pushViewController(editor, /*animated=*/false);
   return navigation;
 }

@@ -10,6 +10,9 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
+// In the row of the marker, with a colour.
+constexpr char kSwatch[] = "#87234 (345 10; 70 24) #";
+
 class ScreensTest : public ProgramTest {
  protected:
   ScreensTest() {
@@ -79,6 +82,33 @@ TEST_F(ScreensTest, ANewGroupIsMadeFromTheList) {
   const std::string after =
       tree({"groups", "--tap", "Add", "--tap", "Title", "--type", "Choir", "--tap", "Save"});
   EXPECT_TRUE(shows(after, "row \"Choir"));
+}
+
+TEST_F(ScreensTest, AMarkersColourIsPickedAndSaved) {
+  const Texts pick = {"--tap", "Marker Color", "--tap", "Hue", "--tap", "Done"};
+  Texts words = {"manage", "--tap", "Work"};
+  EXPECT_FALSE(shows(tree(words), kSwatch));
+  words.insert(words.end(), pick.begin(), pick.end());
+  EXPECT_TRUE(shows(tree(words), kSwatch));
+  for (const char* const tapped : {"Save", "Work"}) {
+    words.insert(words.end(), {"--tap", tapped});
+  }
+  EXPECT_TRUE(shows(tree(words), kSwatch));
+}
+
+TEST_F(ScreensTest, ANewGroupGetsAMarkersColourToo) {
+  for (const char* const screen : {"groups", "add"}) {
+    const std::string after = tree({screen, "--tap", "Add", "--tap", "Title", "--type", "Choir",
+                                    "--tap", "Marker Color", "--tap", "Hue", "--tap", "Done"});
+    EXPECT_TRUE(shows(after, kSwatch)) << screen;
+    EXPECT_TRUE(shows(after, "button \"Save\"")) << screen;
+  }
+}
+
+TEST_F(ScreensTest, WithoutAFingerprintReaderNoColourIsOffered) {
+  const std::string editor = tree({"editor", "--group", "Work", "--biometrics", "off"});
+  EXPECT_TRUE(shows(editor, "row \"Enable\""));
+  EXPECT_FALSE(shows(editor, "row \"Password protected\""));
 }
 
 // Whatever a script does, it does to a copy.
