@@ -24,7 +24,9 @@ namespace zephyl {
 
 namespace {
 
-// Whom to tell that a picture could not be stored.
+// Whom to tell that a picture could not be stored, as the error ends. A placeholder: the domain is
+// reserved and nobody reads there; whoever ships the library puts the address of their support
+// here.
 constexpr char kSupportAddress[] = "support@vantor.example";
 
 // Of the caption, without and with a picture.
