@@ -32,6 +32,17 @@ UIColor oldBackgroundColor() {
   return UIColor::colorWithRed(215.0 / 255, 217.0 / 255, 223.0 / 255, 1);
 }
 
+void focusTitleSoon(const std::weak_ptr<ZephylViewController>& screen) {
+  host().dispatch().mainAfter(kFocusDelay, [screen] {
+    const auto shown = screen.lock();
+    const auto title =
+        shown == nullptr ? nullptr : shown->view()->viewWithTag(ZephylViewController::kTitleTag);
+    if (title != nullptr) {
+      title->becomeFirstResponder();
+    }
+  });
+}
+
 }  // namespace
 
 ZephylViewController::ZephylViewController(UITableViewStyle style) : UITableViewController(style) {}
@@ -44,6 +55,10 @@ std::weak_ptr<ZephylViewController> ZephylViewController::weakSelf() {
 
 void ZephylViewController::setZephyl(const ZephylRef& zephyl) {
   zephyl_ = zephyl == nullptr ? nullptr : zephyl->copy();
+}
+
+const std::string& ZephylViewController::zephylTmpMaskedMessage() const {
+  return zephylTmpMaskedMessage_;
 }
 
 void ZephylViewController::viewDidLoad() {
@@ -108,18 +123,9 @@ const std::shared_ptr<UIView>& ZephylViewController::headerView() {
   title->setReturnKeyType(UIReturnKeyType::kDone);
   title->setText(zephyl_ == nullptr ? std::string() : zephyl_->title());
   if (isNewGroup_) {
-    focusTitleSoon();
+    focusTitleSoon(weakSelf());
   }
   return headerView_;
-}
-
-void ZephylViewController::focusTitleSoon() {
-  host().dispatch().mainAfter(kFocusDelay, [weak = weakSelf()] {
-    const auto self = weak.lock();
-    if (const auto title = self == nullptr ? nullptr : self->view()->viewWithTag(kTitleTag)) {
-      title->becomeFirstResponder();
-    }
-  });
 }
 
 void ZephylViewController::setPropertiesToTextField(ZPFloatingLabeledTextField& field,

@@ -23,6 +23,7 @@
 #include "platform/uikit/text/UITextFieldDelegate.h"
 
 #include "model/Zephyl.h"
+#include "ui/editor/MemberEntry.h"
 #include "ui/editor/ZPConversationSelectionViewControllerDelegate.h"
 #include "ui/editor/ZephylViewTags.h"
 #include "ui/people/ZLPeoplePickerViewControllerDelegate.h"
@@ -39,16 +40,10 @@ class ZP_EXPORT ZephylViewController : public UITableViewController,
                                        public ZLPeoplePickerViewControllerDelegate,
                                        public UIImagePickerControllerDelegate {
  public:
-  // A row of the members: what is shown, and the member of the group.
-  struct MemberEntry {
-    std::string name;
-    Member id;
-    friend bool operator==(const MemberEntry&, const MemberEntry&) = default;
-  };
-  using MemberEntries = std::vector<MemberEntry>;
-
   explicit ZephylViewController(UITableViewStyle style = UITableViewStyle::kGrouped);
   ~ZephylViewController() override;
+  void viewDidLoad() override;
+  [[nodiscard]] const char* className() const override { return "ZephylViewController"; }
 
   // Copied in; set before the view loads. Null makes a new group when it loads.
   void setZephyl(const ZephylRef& zephyl);
@@ -62,18 +57,14 @@ class ZP_EXPORT ZephylViewController : public UITableViewController,
   // Null before the view loads.
   [[nodiscard]] const ABAddressBookRef& addressBookRef() const { return addressBookRef_; }
   // The last one that was opened; null before.
-  [[nodiscard]] const std::shared_ptr<ZLPeoplePickerViewController>& contactsPicker() const {
-    return contactsPicker_;
-  }
+  [[nodiscard]] const std::shared_ptr<ZLPeoplePickerViewController>& contactsPicker() const;
   // Both sorted by name.
   [[nodiscard]] const MemberEntries& contacts() const { return contacts_; }
   [[nodiscard]] const MemberEntries& conversations() const { return conversations_; }
   // Whether the row of the marker's colour is offered; loading the view says no.
   [[nodiscard]] bool shouldDisplayMarkerColor() const { return shouldDisplayMarkerColor_; }
   void setShouldDisplayMarkerColor(bool display) { shouldDisplayMarkerColor_ = display; }
-  [[nodiscard]] const std::string& zephylTmpMaskedMessage() const {
-    return zephylTmpMaskedMessage_;
-  }
+  [[nodiscard]] const std::string& zephylTmpMaskedMessage() const;
 
   // Actions (ZephylViewControllerActions.cpp). None looks at a sender without a tag it knows.
   void saveGroupAction();
@@ -92,7 +83,6 @@ class ZP_EXPORT ZephylViewController : public UITableViewController,
                                 bool shouldAddBottomLine);
 
   // Members (ZephylViewControllerMembers.cpp). All of it changes the copy of the group only.
-
   // Builds both lists; null has no members. Who is not found is left out, and stays a member until
   // the members are next written back.
   void filterContactsAndConversations(const MemberSet* members);
@@ -107,59 +97,40 @@ class ZP_EXPORT ZephylViewController : public UITableViewController,
   // error is null for an index outside of the list.
   void deleteContactOrConvoFromZephyl(std::int64_t index, const std::function<void()>& success,
                                       const std::function<void(const NSError*)>& failure);
-  void didReturnWithSelectedPeople(ZLPeoplePickerViewController& peoplePicker,
-                                   const MemberSet& people) override;
-  void didReturnWithSelectedConversation(ZPConversationSelectionViewController& picker,
+  void didReturnWithSelectedPeople(ZLPeoplePickerViewController&, const MemberSet& people) override;
+  void didReturnWithSelectedConversation(ZPConversationSelectionViewController&,
                                          const std::set<std::string>& selected) override;
-  bool canEditRowAtIndexPath(UITableView& tableView, const NSIndexPath& indexPath) override;
-  UITableViewCellEditingStyle editingStyleForRowAtIndexPath(UITableView& tableView,
-                                                            const NSIndexPath& indexPath) override;
-  void commitEditingStyle(UITableView& tableView, UITableViewCellEditingStyle style,
-                          const NSIndexPath& indexPath) override;
+  bool canEditRowAtIndexPath(UITableView&, const NSIndexPath&) override;
+  UITableViewCellEditingStyle editingStyleForRowAtIndexPath(UITableView&,
+                                                            const NSIndexPath&) override;
+  void commitEditingStyle(UITableView&, UITableViewCellEditingStyle, const NSIndexPath&) override;
 
-  // The picture (ZephylViewControllerPicture.cpp).
-
-  // The menu; the sender is not looked at.
+  // The picture (ZephylViewControllerPicture.cpp): its menu, whose sender is not looked at.
   void addORChangeGroupImage();
-  void didFinishPickingMediaWithInfo(UIImagePickerController& picker,
-                                     const UIImagePickerInfo& info) override;
+  void didFinishPickingMediaWithInfo(UIImagePickerController&, const UIImagePickerInfo&) override;
   // Null takes the picture away. The rest of the work is done in the background; the group is
   // changed on the main thread, whose it is, also when the screen has gone meanwhile.
   void updateProfileImage(const UIImageRef& image);
 
-  void viewDidLoad() override;
-  [[nodiscard]] const char* className() const override { return "ZephylViewController"; }
-
   // The table (ZephylViewControllerTable.cpp).
-  std::int64_t numberOfSectionsInTableView(UITableView& tableView) override;
-  std::int64_t numberOfRowsInSection(UITableView& tableView, std::int64_t section) override;
-  std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& tableView,
-                                                         const NSIndexPath& indexPath) override;
+  std::int64_t numberOfSectionsInTableView(UITableView&) override;
+  std::int64_t numberOfRowsInSection(UITableView&, std::int64_t section) override;
+  std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView&, const NSIndexPath&) override;
   void configureTableCell(UITableViewCell& cell, const NSIndexPath& indexPath);
-  std::optional<CGFloat> heightForRowAtIndexPath(UITableView& tableView,
-                                                 const NSIndexPath& indexPath) override;
-  std::optional<CGFloat> heightForHeaderInSection(UITableView& tableView,
-                                                  std::int64_t section) override;
-  std::shared_ptr<UIView> viewForHeaderInSection(UITableView& tableView,
-                                                 std::int64_t section) override;
-  std::optional<CGFloat> heightForFooterInSection(UITableView& tableView,
-                                                  std::int64_t section) override;
-  std::shared_ptr<UIView> viewForFooterInSection(UITableView& tableView,
-                                                 std::int64_t section) override;
-  void didSelectRowAtIndexPath(UITableView& tableView, const NSIndexPath& indexPath) override;
+  std::optional<CGFloat> heightForRowAtIndexPath(UITableView&, const NSIndexPath&) override;
+  std::optional<CGFloat> heightForHeaderInSection(UITableView&, std::int64_t section) override;
+  std::shared_ptr<UIView> viewForHeaderInSection(UITableView&, std::int64_t section) override;
+  std::optional<CGFloat> heightForFooterInSection(UITableView&, std::int64_t section) override;
+  std::shared_ptr<UIView> viewForFooterInSection(UITableView&, std::int64_t section) override;
+  void didSelectRowAtIndexPath(UITableView&, const NSIndexPath&) override;
 
  private:
-  // Of the table's and of the picture's sources.
-  struct Rows;
-  struct Picture;
-
+  struct Rows;     // of the table's source
+  struct Picture;  // of the picture's
   [[nodiscard]] std::weak_ptr<ZephylViewController> weakSelf();
   void makeNewGroup();
-  void focusTitleSoon();
   void pickMarkerColor();
   void pickMembers();
-  void pickContacts(const MemberSet& members);
-  [[nodiscard]] const MemberEntries& shownMembers() const;
 
   ZephylRef zephyl_;
   std::shared_ptr<UIView> headerView_;

@@ -25,8 +25,6 @@ using editor::kMembersSection;
 
 namespace {
 
-using Entries = ZephylViewController::MemberEntries;
-
 constexpr std::int64_t kConversationsSegment = 1;
 
 // Of 32 bits, as the address book counts: a number loses its upper bits, a text stops at the ends.
@@ -53,7 +51,7 @@ CKConversationRef conversationOf(const Member& id, const char* function, int lin
 }
 
 // Kept: by their characters' numbers, so that capitals come before small letters.
-void sortByName(Entries& entries) {
+void sortByName(MemberEntries& entries) {
   std::stable_sort(entries.begin(), entries.end(),
                    [](const auto& left, const auto& right) { return left.name < right.name; });
 }
@@ -110,6 +108,7 @@ void ZephylViewController::addContactsToZephyls(const std::vector<Member>& ids) 
   setContactsAndConversationsToZephyls();
 }
 
+// Kept: texts that are no chat GUIDs are looked up as well; what is not found is logged only.
 void ZephylViewController::addConversationsToZephyls(const std::vector<Member>& ids) {
   conversations_.clear();
   for (const Member& id : ids) {
@@ -127,9 +126,11 @@ void ZephylViewController::addConversationsToZephyls(const std::vector<Member>& 
   setContactsAndConversationsToZephyls();
 }
 
+// Kept: the rows become the members, so whoever has none, a person without a name, a conversation
+// that is gone or a number kept as text, leaves the group here.
 void ZephylViewController::setContactsAndConversationsToZephyls() {
   const auto members = std::make_shared<MemberSet>();
-  for (const Entries* const entries : {&contacts_, &conversations_}) {
+  for (const MemberEntries* const entries : {&contacts_, &conversations_}) {
     for (const MemberEntry& entry : *entries) {
       members->add(entry.id);
     }
@@ -141,15 +142,18 @@ void ZephylViewController::setContactsAndConversationsToZephyls() {
 void ZephylViewController::deleteContactOrConvoFromZephyl(
     std::int64_t index, const std::function<void()>& success,
     const std::function<void(const NSError*)>& failure) {
-  Entries& entries = currentSelectionSegment_ == kConversationsSegment ? conversations_ : contacts_;
+  MemberEntries& entries =
+      currentSelectionSegment_ == kConversationsSegment ? conversations_ : contacts_;
   if (index < 0 || static_cast<std::size_t>(index) >= entries.size()) {
     if (failure) {
+      // Kept: without an error, so that the alert says nothing.
       failure(nullptr);
     }
     return;
   }
   const auto entry = entries.begin() + index;
   MemberSet members = membersOrNone(zephyl_->contacts().get());
+  // Kept: a record id kept as text stays, since its row is for the number, which is not in the set.
   members.remove(entry->id);
   zephyl_->setContacts(std::make_shared<const MemberSet>(std::move(members)));
   entries.erase(entry);
@@ -202,22 +206,22 @@ void ZephylViewController::didReturnWithSelectedPeople(
   addContactsToZephyls({people.begin(), people.end()});
 }
 
-// All of the group's members are ticked, whatever they are; what comes back is looked at.
-void ZephylViewController::pickContacts(const MemberSet& members) {
-  contactsPicker_ =
-      ZLPeoplePickerViewController::presentPeoplePickerViewControllerForParentViewController(
-          shared_from_this(), members);
-  contactsPicker_->setDelegate(
-      std::shared_ptr<ZLPeoplePickerViewControllerDelegate>(shared_from_this(), this));
-  contactsPicker_->setFiledMask(APContactFieldAll);
-  contactsPicker_->setNumberOfSelectedPeople(-1);
-  contactsPicker_->setAllowAddPeople(false);
+const std::shared_ptr<ZLPeoplePickerViewController>& ZephylViewController::contactsPicker() const {
+  return contactsPicker_;
 }
 
 void ZephylViewController::pickMembers() {
   const MemberSet members = membersOrNone(zephyl_->contacts().get());
   if (currentSelectionSegment_ != kConversationsSegment) {
-    pickContacts(members);
+    // All of the group's members are ticked, whatever they are; what comes back is looked at.
+    contactsPicker_ =
+        ZLPeoplePickerViewController::presentPeoplePickerViewControllerForParentViewController(
+            shared_from_this(), members);
+    contactsPicker_->setDelegate(
+        std::shared_ptr<ZLPeoplePickerViewControllerDelegate>(shared_from_this(), this));
+    contactsPicker_->setFiledMask(APContactFieldAll);
+    contactsPicker_->setNumberOfSelectedPeople(-1);
+    contactsPicker_->setAllowAddPeople(false);
     return;
   }
   // A copy has none loaded, and the picker marks what belongs to the group through a person too.

@@ -18,7 +18,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
-using Entry = ZephylViewController::MemberEntry;
+using Entry = MemberEntry;
 
 constexpr char kMissing[] = "com.vantor.Zephyls: Error => ";
 

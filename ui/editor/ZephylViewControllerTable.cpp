@@ -100,6 +100,10 @@ std::string footerText(const Zephyl& zephyl, std::int64_t section) {
   return text;
 }
 
+const MemberEntries& shownMembers(const ZephylViewController& screen) {
+  return screen.currentSelectionSegment() == 1 ? screen.conversations() : screen.contacts();
+}
+
 }  // namespace
 
 // What each row shows.
@@ -127,14 +131,10 @@ std::int64_t ZephylViewController::numberOfRowsInSection(UITableView& /*tableVie
     case kMaskingSection:
       return zephyl_->shouldHideConversationsOnLockScreen() ? 2 : 1;
     case kMembersSection:
-      return static_cast<std::int64_t>(shownMembers().size()) + 1;
+      return static_cast<std::int64_t>(shownMembers(*this).size()) + 1;
     default:
       return 0;
   }
-}
-
-const ZephylViewController::MemberEntries& ZephylViewController::shownMembers() const {
-  return currentSelectionSegment_ == 1 ? conversations_ : contacts_;
 }
 
 std::shared_ptr<UITableViewCell> ZephylViewController::cellForRowAtIndexPath(
@@ -265,7 +265,7 @@ void ZephylViewController::Rows::configureMember(const ZephylViewController& scr
     view->removeFromSuperview();
   }
   std::string text;
-  const auto& members = screen.shownMembers();
+  const auto& members = shownMembers(screen);
   if (row == 0) {
     cell.setSelectionStyle(UITableViewCellSelectionStyle::kDefault);
     text = screen.currentSelectionSegment_ == 1 ? zpLocalizedText("Add Conversations")
