@@ -11,7 +11,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <set>
 #include <string>
 
@@ -21,20 +20,12 @@
 #include "platform/uikit/UIImage.h"
 
 #include "model/ConversationSet.h"
-#include "model/MemberSet.h"
+#include "model/ZephylProperties.h"
 
 namespace zephyl {
 
-enum ZephylSystemMode : std::int64_t {
-  ZephylSystemModeUser = 0,
-  ZephylSystemModeAll = 1,
-  ZephylSystemModeFavorites = 2,
-  ZephylSystemModeAllGroups = 3,
-  ZephylSystemModeUnknown = 4,
-  ZephylSystemModeKnown = 5,
-};
-
-class ZP_EXPORT Zephyl final : public std::enable_shared_from_this<Zephyl> {
+class ZP_EXPORT Zephyl final : public ZephylProperties,
+                               public std::enable_shared_from_this<Zephyl> {
  public:
   // Made with std::make_shared and in no other way: background work holds on to the record.
 
@@ -77,47 +68,10 @@ class ZP_EXPORT Zephyl final : public std::enable_shared_from_this<Zephyl> {
   // own lock.
   void setUniqueIdentifier();
 
-  [[nodiscard]] std::int64_t identifier() const { return identifier_; }
-  void setIdentifier(std::int64_t value);
-  [[nodiscard]] const std::string& title() const { return title_; }
-  void setTitle(std::string value);
-  [[nodiscard]] const std::string& subTitle() const { return subTitle_; }
-  void setSubTitle(std::string value);
-  // A file name in the pictures directory; empty without a picture.
-  [[nodiscard]] const std::string& headerImagePath() const { return headerImagePath_; }
-  void setHeaderImagePath(std::string value);
-  [[nodiscard]] const std::string& backGroundImagePath() const { return backGroundImagePath_; }
-  void setBackGroundImagePath(std::string value);
-  // Eight lower-case hexadecimal digits: red, green, blue, alpha.
-  [[nodiscard]] const std::string& markerCode() const { return markerCode_; }
-  void setMarkerCode(std::string value);
   // The group's own text, or the default text in the language of the moment when it has none.
   [[nodiscard]] std::string maskedMessage() const;
-  void setMaskedMessage(std::string value);
-  // Null until set or read from a dictionary.
-  [[nodiscard]] std::shared_ptr<const MemberSet> contacts() const { return contacts_.load(); }
-  void setContacts(std::shared_ptr<const MemberSet> value);
-  [[nodiscard]] const std::optional<Date>& createdDate() const { return createdDate_; }
-  void setCreatedDate(std::optional<Date> value);
-  [[nodiscard]] const std::optional<Date>& updatedDate() const { return updatedDate_; }
-  void setUpdatedDate(std::optional<Date> value);
-  [[nodiscard]] bool isEnabled() const { return enabled_; }
-  void setEnabled(bool value);
-  [[nodiscard]] bool isActive() const { return active_; }
-  void setActive(bool value);
-  [[nodiscard]] bool isSystem() const { return system_; }
-  void setSystem(bool value);
   // Not const: without biometrics this clears the stored flag, which the next save then writes.
   [[nodiscard]] bool isPasswordProtected();
-  void setPasswordProtected(bool value);
-  [[nodiscard]] std::int64_t zephylSystemMode() const { return zephylSystemMode_; }
-  void setZephylSystemMode(std::int64_t value);
-  [[nodiscard]] bool shouldHideConversationsInDefaultGroups() const {
-    return hidesInDefaultGroups_;
-  }
-  void setShouldHideConversationsInDefaultGroups(bool value);
-  [[nodiscard]] bool shouldHideConversationsOnLockScreen() const { return hidesOnLockScreen_; }
-  void setShouldHideConversationsOnLockScreen(bool value);
 
   // Asks the message center for the picture until it has one; null without a picture.
   [[nodiscard]] UIImageRef headerImage();
@@ -155,31 +109,11 @@ class ZP_EXPORT Zephyl final : public std::enable_shared_from_this<Zephyl> {
   void setUnreadCount(std::int64_t value) { unreadCount_ = value; }
 
  private:
-  void readStoredProperties(const Dictionary& dictionary);
   [[nodiscard]] bool counts(const CKConversationRef& conversation) const;
   [[nodiscard]] std::int64_t unreadWeight(const CKConversationRef& conversation,
                                           bool anyGroupHides) const;
 
   std::mutex numbering_;
-  std::int64_t identifier_ = 0;
-  std::string title_;
-  std::string subTitle_;
-  std::string headerImagePath_;
-  std::string backGroundImagePath_;
-  std::string markerCode_;
-  std::string maskedMessage_;
-  Published<const MemberSet> contacts_;
-  std::optional<Date> createdDate_;
-  std::optional<Date> updatedDate_;
-  std::atomic<bool> enabled_ = false;
-  std::atomic<bool> active_ = false;
-  std::atomic<bool> system_ = false;
-  std::atomic<bool> passwordProtected_ = false;
-  std::atomic<std::int64_t> zephylSystemMode_ = 0;
-  std::atomic<bool> hidesInDefaultGroups_ = false;
-  std::atomic<bool> hidesOnLockScreen_ = false;
-  // By key: what was read with another type than its key has, and what this library does not know.
-  Dictionary carried_;
   UIImageRef headerImage_;
 
   Published<const ConversationSet> conversations_;
