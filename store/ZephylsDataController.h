@@ -1,5 +1,5 @@
-// The process-wide store of groups: loads and saves them, answers which groups there are, which
-// conversations they show, and how much is unread.
+// The process-wide store of groups: loads and saves them (ZephylsStorage.h), answers which groups
+// there are (ZephylsQueries.h), which conversations they show, and how much is unread.
 //
 // Not locked. Every call runs on the caller's thread; a request to the message center blocks it.
 // Edits are for one thread at a time; queries may come from any.
@@ -16,52 +16,37 @@
 #include <vector>
 
 #include "platform/Export.h"
-#include "platform/Published.h"
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/chatkit/CKConversation.h"
-#include "platform/foundation/NSBundle.h"
 #include "platform/foundation/NSError.h"
 
-#include "model/Zephyl.h"
 #include "store/Membership.h"
-#include "store/ZephylArray.h"
 #include "store/ZephylNotifications.h"
+#include "store/ZephylsQueries.h"
+#include "store/ZephylsStorage.h"
 
 namespace zephyl {
 
-class ZP_EXPORT ZephylsDataController {
+class ZP_EXPORT ZephylsDataController : public ZephylsStorage, public ZephylsQueries {
  public:
   // Made once per process and loaded before any caller gets it, but for those whom the loading
   // itself asks.
   [[nodiscard]] static std::shared_ptr<ZephylsDataController> sharedInstance();
 
   ZephylsDataController() = default;
-  ~ZephylsDataController();
-  ZephylsDataController(const ZephylsDataController&) = delete;
-  ZephylsDataController& operator=(const ZephylsDataController&) = delete;
+  ~ZephylsDataController() override;
 
   // Loading and saving (ZephylsDataController.cpp)
 
   void initialize();
-
-  // The dictionaries of the groups file, from the file itself or through the message center;
-  // nothing when there is none or it cannot be read. Elements of other types are left in.
-  [[nodiscard]] std::optional<Array> getAllGroups();
-
-  // Replaces the list by what is stored. Starts the conversation load of each enabled user group:
-  // here when it is the active one, else in the background.
-  void loadZephyls();
+  void loadZephyls() override;
   void reloadAllZephyls();
 
   // Makes the system groups that are missing. Kept: when nothing is stored at all, they go straight
   // to the file and the list stays as it is; the host reloads.
   void createDefaultGroups();
 
-  // `groups` becomes the whole file. Kept: written in place, not atomically.
-  bool saveGroupsDataToDisk(const Array& groups);
-
-  // Saves every group; posts only when that succeeded and `postNotification` says so. `payload` may
-  // be null.
+  // Saves every group; posts only when that succeeded and the flag says so. `payload` may be null.
   bool saveAllGroupsToDisk(const ZephylRef& payload, bool postNotification,
                            const std::string& notificationName);
 
@@ -70,11 +55,7 @@ class ZP_EXPORT ZephylsDataController {
   bool saveAllNewGroupsToDisk(const ZephylVector& groups, bool postNotification,
                               const std::string& notificationName);
 
-  // Kept: does nothing.
-  void fixContactsInZephyls() {}
-
-  // Null while there is no such bundle; asked again on the next call.
-  [[nodiscard]] std::shared_ptr<NSBundle> zephylsBundle();
+  void fixContactsInZephyls() {}  // Kept: does nothing.
 
   // Editing (ZephylsDataControllerEditing.cpp)
 
@@ -106,32 +87,6 @@ class ZP_EXPORT ZephylsDataController {
 
   // Whether a stored group of any kind has exactly that title; nobody has no name.
   [[nodiscard]] bool isZephylNameAlreadyExists(const std::optional<std::string>& name) const;
-
-  // Queries, in store order (ZephylsDataControllerQueries.cpp). All but the first load the list
-  // when it is empty.
-
-  // The store's own array, not a copy.
-  [[nodiscard]] std::shared_ptr<ZephylArray> allZephyls() const { return zephyls_.load(); }
-  [[nodiscard]] ZephylVector activeZephyls();
-  [[nodiscard]] ZephylVector enabledZephyls();
-  [[nodiscard]] ZephylVector enabledUserCreatedZephyls();
-  [[nodiscard]] ZephylVector disabledZephyls();
-  // The first enabled group of exactly that title; null if none.
-  [[nodiscard]] ZephylRef activeZephylByName(const std::string& name);
-  [[nodiscard]] ZephylRef currentActiveZephyl();
-  // Enabled or not.
-  [[nodiscard]] ZephylRef systemZephyl(std::int64_t mode);
-
-  // Record ids and database UUIDs of the address book's favourites, loaded on first use and kept
-  // until the reload, which only forgets them.
-  [[nodiscard]] std::shared_ptr<const MemberSet> favoritesContactsABUIDs();
-  void reloadFavoritesContactsABUIDs();
-
-  // Kept: raised when some enabled group hides its conversations, and never lowered again.
-  [[nodiscard]] bool isAnyOfGroupHasHideConversationsEnabled() const { return anyGroupHides_; }
-  void setAnyOfGroupHasHideConversationsEnabled(bool value) { anyGroupHides_ = value; }
-  void updateGroupsHasHideConvosStatus();
-  void updateGroupsForUnreadCountStatus();
 
   // Membership (ZephylsDataControllerMembership.cpp)
 
@@ -181,7 +136,6 @@ class ZP_EXPORT ZephylsDataController {
   void finishEdit(const ZephylRef& payload, const char* notificationName, const char* failureText,
                   const Success& success, const Failure& failure);
   bool saveEveryGroup();
-  [[nodiscard]] ZephylVector loadedGroups();
   [[nodiscard]] Membership matchSystemGroup(std::int64_t mode, const CKConversation& conversation,
                                             const ABAddressBookRef& addressBook);
   // Null when the default groups may show the conversation.
@@ -190,11 +144,6 @@ class ZP_EXPORT ZephylsDataController {
   std::recursive_mutex initialization_;
   bool initializing_ = false;
   std::atomic<bool> initialized_ = false;
-  // Never null.
-  Published<ZephylArray> zephyls_{std::make_shared<ZephylArray>()};
-  Published<const MemberSet> favoritesContacts_;
-  Published<NSBundle> zephylsBundle_;
-  std::atomic<bool> anyGroupHides_ = false;
 };
 
 }  // namespace zephyl

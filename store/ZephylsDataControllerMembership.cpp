@@ -116,7 +116,7 @@ Membership ZephylsDataController::membershipOf(const ZephylRef& zephyl,
   }
   Membership membership = matchSystemGroup(zephyl->zephylSystemMode(), *conversation, addressBook);
   // The default groups, and only they, ask the hide rule, once some group has ever hidden.
-  if (membership.rule != MembershipRule::kNone && anyGroupHides_) {
+  if (membership.rule != MembershipRule::kNone && isAnyOfGroupHasHideConversationsEnabled()) {
     membership.hiddenBy = firstGroupHiding(conversation);
   }
   return membership;

@@ -1,4 +1,4 @@
-// Which groups there are, the favourites, and the flags over all groups.
+#include "store/ZephylsQueries.h"
 
 #include <algorithm>
 #include <iterator>
@@ -8,7 +8,6 @@
 #include "platform/addressbook/ABFavorites.h"
 
 #include "services/ZPUtils.h"
-#include "store/ZephylsDataController.h"
 
 namespace zephyl {
 
@@ -29,46 +28,46 @@ ZephylRef firstWhere(const ZephylVector& groups, const Predicate& matches) {
 
 }  // namespace
 
-ZephylVector ZephylsDataController::loadedGroups() {
+ZephylVector ZephylsQueries::loadedGroups() {
   if (zephyls_.load()->empty()) {
     loadZephyls();
   }
   return *zephyls_.load()->snapshot();
 }
 
-ZephylVector ZephylsDataController::activeZephyls() {
+ZephylVector ZephylsQueries::activeZephyls() {
   return groupsWhere(loadedGroups(), [](const ZephylRef& group) { return group->isEnabled(); });
 }
 
-ZephylVector ZephylsDataController::enabledZephyls() {
+ZephylVector ZephylsQueries::enabledZephyls() {
   return activeZephyls();
 }
 
-ZephylVector ZephylsDataController::enabledUserCreatedZephyls() {
+ZephylVector ZephylsQueries::enabledUserCreatedZephyls() {
   return groupsWhere(activeZephyls(), [](const ZephylRef& group) { return !group->isSystem(); });
 }
 
-ZephylVector ZephylsDataController::disabledZephyls() {
+ZephylVector ZephylsQueries::disabledZephyls() {
   return groupsWhere(loadedGroups(), [](const ZephylRef& group) { return !group->isEnabled(); });
 }
 
-ZephylRef ZephylsDataController::activeZephylByName(const std::string& name) {
+ZephylRef ZephylsQueries::activeZephylByName(const std::string& name) {
   return firstWhere(loadedGroups(), [&](const ZephylRef& group) {
     return group->isEnabled() && group->title() == name;
   });
 }
 
-ZephylRef ZephylsDataController::currentActiveZephyl() {
+ZephylRef ZephylsQueries::currentActiveZephyl() {
   return firstWhere(loadedGroups(),
                     [](const ZephylRef& group) { return group->isEnabled() && group->isActive(); });
 }
 
-ZephylRef ZephylsDataController::systemZephyl(std::int64_t mode) {
+ZephylRef ZephylsQueries::systemZephyl(std::int64_t mode) {
   return firstWhere(loadedGroups(),
                     [&](const ZephylRef& group) { return group->zephylSystemMode() == mode; });
 }
 
-std::shared_ptr<const MemberSet> ZephylsDataController::favoritesContactsABUIDs() {
+std::shared_ptr<const MemberSet> ZephylsQueries::favoritesContactsABUIDs() {
   if (auto favorites = favoritesContacts_.load()) {
     return favorites;
   }
@@ -92,11 +91,11 @@ std::shared_ptr<const MemberSet> ZephylsDataController::favoritesContactsABUIDs(
   return favorites;
 }
 
-void ZephylsDataController::reloadFavoritesContactsABUIDs() {
+void ZephylsQueries::reloadFavoritesContactsABUIDs() {
   favoritesContacts_.store(nullptr);
 }
 
-void ZephylsDataController::updateGroupsHasHideConvosStatus() {
+void ZephylsQueries::updateGroupsHasHideConvosStatus() {
   const auto groups = zephyls_.load()->snapshot();
   const bool hides = std::any_of(groups->begin(), groups->end(), [](const ZephylRef& group) {
     return group->isEnabled() && group->shouldHideConversationsInDefaultGroups();
@@ -107,7 +106,7 @@ void ZephylsDataController::updateGroupsHasHideConvosStatus() {
   }
 }
 
-void ZephylsDataController::updateGroupsForUnreadCountStatus() {
+void ZephylsQueries::updateGroupsForUnreadCountStatus() {
   const auto groups = zephyls_.load()->snapshot();
   for (const ZephylRef& group : *groups) {
     if (group->isEnabled()) {
