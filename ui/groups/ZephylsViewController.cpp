@@ -68,6 +68,10 @@ void ZephylsViewController::setZephylsDelegate(
   zephylsDelegate_ = std::move(delegate);
 }
 
+const std::optional<CKConversationArray>& ZephylsViewController::conversations() const {
+  return conversations_;
+}
+
 void ZephylsViewController::setConversations(std::optional<CKConversationArray> value) {
   conversations_ = std::move(value);
 }

@@ -14,7 +14,6 @@
 #include <set>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/Export.h"
 #include "platform/chatkit/CKConversation.h"
@@ -39,6 +38,8 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   ZephylsViewController(UITableViewStyle style, std::optional<CKConversationArray> conversations);
   ZephylsViewController(UITableViewStyle style, std::optional<ZPRecipientArray> recipients);
   ~ZephylsViewController() override;
+  void viewDidLoad() override;
+  [[nodiscard]] const char* className() const override { return "ZephylsViewController"; }
 
   void setZephylsDelegate(std::weak_ptr<const ZephylsViewControllerDelegate> delegate);
   // Asked on any thread.
@@ -66,9 +67,7 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   void setConversation(CKConversationRef value) { conversation_ = std::move(value); }
   [[nodiscard]] const std::optional<ZPRecipientArray>& recipients() const { return recipients_; }
   void setRecipients(std::optional<ZPRecipientArray> value) { recipients_ = std::move(value); }
-  [[nodiscard]] const std::optional<CKConversationArray>& conversations() const {
-    return conversations_;
-  }
+  [[nodiscard]] const std::optional<CKConversationArray>& conversations() const;
   void setConversations(std::optional<CKConversationArray> value);
 
   // Makes the list anew and shows it, both later. Calls that overlap are not gathered; a list that
@@ -82,22 +81,17 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   void deleteButtonAction();
   void zp__manageAllGroups();
 
-  void viewDidLoad() override;
-  [[nodiscard]] const char* className() const override { return "ZephylsViewController"; }
-
   // The table (ZephylsViewControllerTable.cpp). All answer by the one list that is shown.
-  std::int64_t numberOfSectionsInTableView(UITableView& tableView) override;
-  std::int64_t numberOfRowsInSection(UITableView& tableView, std::int64_t section) override;
-  std::string titleForHeaderInSection(UITableView& tableView, std::int64_t section) override;
-  std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& tableView,
-                                                         const NSIndexPath& indexPath) override;
-  bool canEditRowAtIndexPath(UITableView& tableView, const NSIndexPath& indexPath) override;
-  UITableViewCellEditingStyle editingStyleForRowAtIndexPath(UITableView& tableView,
-                                                            const NSIndexPath& indexPath) override;
-  void commitEditingStyle(UITableView& tableView, UITableViewCellEditingStyle style,
-                          const NSIndexPath& indexPath) override;
-  void didSelectRowAtIndexPath(UITableView& tableView, const NSIndexPath& indexPath) override;
-  void didDeselectRowAtIndexPath(UITableView& tableView, const NSIndexPath& indexPath) override;
+  std::int64_t numberOfSectionsInTableView(UITableView&) override;
+  std::int64_t numberOfRowsInSection(UITableView&, std::int64_t section) override;
+  std::string titleForHeaderInSection(UITableView&, std::int64_t section) override;
+  std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView&, const NSIndexPath&) override;
+  bool canEditRowAtIndexPath(UITableView&, const NSIndexPath&) override;
+  UITableViewCellEditingStyle editingStyleForRowAtIndexPath(UITableView&,
+                                                            const NSIndexPath&) override;
+  void commitEditingStyle(UITableView&, UITableViewCellEditingStyle, const NSIndexPath&) override;
+  void didSelectRowAtIndexPath(UITableView&, const NSIndexPath&) override;
+  void didDeselectRowAtIndexPath(UITableView&, const NSIndexPath&) override;
 
  private:
   using Self = std::weak_ptr<ZephylsViewController>;
@@ -122,11 +116,9 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   void markGroups(const std::set<std::int64_t>& identifiers);
   void followMarks();
   void configureCell(UITableViewCell& cell, const ZephylRef& group);
-  [[nodiscard]] bool isSelected(const ZephylRef& group) const;
   void browse(const ZephylRef& group);
   void manage(const ZephylRef& group);
   void toggle(UITableView& tableView, const NSIndexPath& indexPath, const ZephylRef& group);
-  [[nodiscard]] bool isOnTop(const UINavigationController& navigation) const;
   void openEditor(const ZephylRef& group);
   // Changes of groups (ZephylsViewControllerChanges.cpp).
   // Later, once the owner was recognized; the user is told of a failure. Not while `isBusy_`.
@@ -134,7 +126,6 @@ class ZP_EXPORT ZephylsViewController : public UITableViewController {
   void deleteGroup(const ZephylRef& group);
   void deleteGroups(const ZephylVector& groups);
   void updateSelectedGroups();
-  [[nodiscard]] std::vector<Member> membersToAdd() const;
 
   std::weak_ptr<const ZephylsViewControllerDelegate> zephylsDelegate_;
   std::function<void()> dismissAction_;

@@ -46,6 +46,23 @@ void addMembers(Zephyl& group, const std::vector<Member>& members) {
   group.setContacts(std::make_shared<const MemberSet>(std::move(next)));
 }
 
+std::vector<Member> membersToAdd(const ZephylsViewController& screen) {
+  std::vector<Member> members;
+  if (screen.conversation() != nullptr) {
+    members.emplace_back(screen.conversation()->guid());
+  } else if (screen.recipients()) {
+    for (const auto& recipient : *screen.recipients()) {
+      members.push_back(recipient->contactId() >= 1 ? Member(recipient->contactId())
+                                                    : Member(recipient->plainPhoneNumber()));
+    }
+  } else if (screen.conversations()) {
+    for (const CKConversationRef& conversation : *screen.conversations()) {
+      members.emplace_back(conversation->guid());
+    }
+  }
+  return members;
+}
+
 }  // namespace
 
 void ZephylsViewController::authenticate(const std::string& reason, Action action) {
@@ -145,28 +162,11 @@ void ZephylsViewController::doneButtonAction() {
   }
 }
 
-std::vector<Member> ZephylsViewController::membersToAdd() const {
-  std::vector<Member> members;
-  if (conversation_ != nullptr) {
-    members.emplace_back(conversation_->guid());
-  } else if (recipients_) {
-    for (const auto& recipient : *recipients_) {
-      members.push_back(recipient->contactId() >= 1 ? Member(recipient->contactId())
-                                                    : Member(recipient->plainPhoneNumber()));
-    }
-  } else if (conversations_) {
-    for (const CKConversationRef& conversation : *conversations_) {
-      members.emplace_back(conversation->guid());
-    }
-  }
-  return members;
-}
-
 void ZephylsViewController::updateSelectedGroups() {
   isBusy_ = true;
   host().dispatch().globalAsync(
       QueuePriority::kDefault,
-      [screen = weakSelf(), groups = selectedGroups_, members = membersToAdd()] {
+      [screen = weakSelf(), groups = selectedGroups_, members = membersToAdd(*this)] {
         auto box = std::make_shared<BusyBox>();
         // The work goes on meanwhile; what comes of it is queued behind this.
         host().dispatch().mainAsync(

@@ -38,6 +38,20 @@ void enableLabels(UITableViewCell& cell) {
   }
 }
 
+bool isSelected(const ZephylsViewController& screen, const ZephylRef& group) {
+  const ZephylVector& all = screen.selectedGroups();
+  return std::any_of(all.begin(), all.end(),
+                     [&](const ZephylRef& selected) { return selected->isEqual(*group); });
+}
+
+// Not once another screen has come, as after a second tap or while a finger was awaited. Alerts do
+// not count: the owner may have been asked for the finger in one.
+bool isOnTop(const ZephylsViewController& screen, const UINavigationController& navigation) {
+  const auto above = navigation.presentedViewController();
+  return navigation.topViewController().get() == &screen &&
+         (above == nullptr || dynamic_cast<const UIAlertController*>(above.get()) != nullptr);
+}
+
 }  // namespace
 
 std::int64_t ZephylsViewController::numberOfSectionsInTableView(UITableView& /*tableView*/) {
@@ -84,13 +98,8 @@ void ZephylsViewController::configureCell(UITableViewCell& cell, const ZephylRef
     return;
   }
   enableLabels(cell);
-  cell.setAccessoryType(isSelected(group) ? UITableViewCellAccessoryType::kCheckmark
-                                          : UITableViewCellAccessoryType::kNone);
-}
-
-bool ZephylsViewController::isSelected(const ZephylRef& group) const {
-  return std::any_of(selectedGroups_.begin(), selectedGroups_.end(),
-                     [&](const ZephylRef& selected) { return selected->isEqual(*group); });
+  cell.setAccessoryType(isSelected(*this, group) ? UITableViewCellAccessoryType::kCheckmark
+                                                 : UITableViewCellAccessoryType::kNone);
 }
 
 // Kept: by the number of the section and not by its key, so that user groups that are alone in the
@@ -229,17 +238,9 @@ void ZephylsViewController::manage(const ZephylRef& group) {
   }
 }
 
-// Not once another screen has come, as after a second tap or while a finger was awaited. Alerts do
-// not count: the owner may have been asked for the finger in one.
-bool ZephylsViewController::isOnTop(const UINavigationController& navigation) const {
-  const auto above = navigation.presentedViewController();
-  return navigation.topViewController().get() == this &&
-         (above == nullptr || dynamic_cast<const UIAlertController*>(above.get()) != nullptr);
-}
-
 void ZephylsViewController::openEditor(const ZephylRef& group) {
   const auto navigation = navigationController();
-  if (navigation != nullptr && isOnTop(*navigation)) {
+  if (navigation != nullptr && isOnTop(*this, *navigation)) {
     const auto editor = std::make_shared<ZephylViewController>(UITableViewStyle::kGrouped);
     editor->setZephyl(group);
     navigation->pushViewController(editor, /*animated=*/true);
@@ -248,7 +249,7 @@ void ZephylsViewController::openEditor(const ZephylRef& group) {
 
 void ZephylsViewController::toggle(UITableView& tableView, const NSIndexPath& indexPath,
                                    const ZephylRef& group) {
-  const bool wasSelected = isSelected(group);
+  const bool wasSelected = isSelected(*this, group);
   if (wasSelected) {
     std::erase_if(selectedGroups_,
                   [&](const ZephylRef& selected) { return selected->isEqual(*group); });
