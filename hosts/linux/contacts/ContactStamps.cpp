@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "hosts/linux/contacts/AddressBookImages.h"
 #include "hosts/linux/contacts/ContactFiles.h"
 #include "hosts/linux/contacts/ContactNotes.h"
 
@@ -34,10 +35,16 @@ ContactStamps contactStamps(const std::vector<std::string>& sources,
   // The reading tells what is wrong with them.
   ContactNotes notes;
   ContactStamps stamps{stampOf(recordIDs.string())};
+  const auto addDatabase = [&](const std::string& path) {
+    stamps.push_back(stampOf(path));
+    stamps.push_back(stampOf(path + "-wal"));
+  };
   for (const ContactFile& file : contactFiles(sources, notes)) {
-    stamps.push_back(stampOf(file.path.string()));
     if (file.kind == ContactFile::Kind::kAddressBook) {
-      stamps.push_back(stampOf(file.path.string() + "-wal"));
+      addDatabase(file.path.string());
+      addDatabase(AddressBookImages::fileBeside(file.path).string());
+    } else {
+      stamps.push_back(stampOf(file.path.string()));
     }
   }
   return stamps;

@@ -23,8 +23,9 @@ struct ContactStamp {
 
 using ContactStamps = std::vector<ContactStamp>;
 
-// Of every file that readContacts() reads for these sources, with the logs of address books, and of
-// the file of record ids. To be taken before the reading, so that a change meanwhile is noticed.
+// Of every file that readContacts() reads for these sources, with the pictures and the logs of
+// address books, and of the file of record ids. To be taken before the reading, so that a change
+// meanwhile is noticed.
 [[nodiscard]] ContactStamps contactStamps(const std::vector<std::string>& sources,
                                           const std::filesystem::path& recordIDs);
 

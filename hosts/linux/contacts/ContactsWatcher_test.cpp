@@ -75,6 +75,18 @@ TEST_F(ContactsWatcherTest, AFileInAFolderIsTold) {
   EXPECT_TRUE(isTold(3));
 }
 
+TEST_F(ContactsWatcherTest, APictureThatChangesAloneIsTold) {
+  folder_.put("/AddressBook.sqlitedb", "book");
+  folder_.put("/AddressBookImages.sqlitedb", "pictures");
+  watch({folder_.path() + "/AddressBook.sqlitedb"});
+  int calls = 0;
+  for (const char* file : {"/AddressBookImages.sqlitedb", "/AddressBookImages.sqlitedb-wal",
+                           "/AddressBook.sqlitedb-wal"}) {
+    folder_.put(file, "other ones");
+    EXPECT_TRUE(isTold(++calls)) << file;
+  }
+}
+
 TEST_F(ContactsWatcherTest, ASourceWhoseFolderIsYetToComeIsFoundByLooking) {
   watch({folder_.path() + "/later/a.vcf"}, {.settling = 1ms, .polling = 5ms});
   std::filesystem::create_directories(folder_.path() + "/later");
