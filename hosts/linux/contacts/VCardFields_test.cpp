@@ -45,6 +45,18 @@ TEST_F(VCardFieldsTest, ThePersonIsCalledByTheFirstNameThatIsThere) {
       {{"N:Doe;;;;", "ORG:Org;Unit", "X-ABShowAs:COMPANY"}, "Org"},
       {{"N:Doe;;;;", "X-ABShowAs:COMPANY"}, "Doe"},
       {{"TEL:1234567"}, std::nullopt},
+      {{"N:;;;;", "FN:", "EMAIL:ann@example.com"}, std::nullopt},
+      {{"FN:ann@example.com", "EMAIL:ann@example.com"}, std::nullopt},
+      {{"FN: +1 (555) 010-0199 ", "TEL:+15550100199"}, std::nullopt},
+      {{"FN:ann@example.com", "ORG:Org"}, "Org"},
+      {{"FN:555 0100", "NICKNAME:Nick"}, "Nick"},
+      {{"N:ann@example.com;;;;", "FN:555 0100"}, "ann@example.com"},
+      {{"FN:7 Up"}, "7 Up"},
+      {{"FN:Ann @ Home"}, "Ann @ Home"},
+      {{"FN:@ann"}, "@ann"},
+      {{"FN:Ann@"}, "Ann@"},
+      {{"FN:a@b@c"}, "a@b@c"},
+      {{"FN:-"}, "-"},
   };
   for (const auto& [lines, name] : cases) {
     EXPECT_EQ(person("3.0", lines).compositeName, name);
