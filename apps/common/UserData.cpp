@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "platform/Host.h"
@@ -22,6 +24,7 @@
 #include "hosts/linux/contacts/HomeRegion.h"
 #include "hosts/linux/contacts/PhoneFormatter.h"
 #include "hosts/linux/contacts/VCardWriter.h"
+#include "hosts/linux/contacts/WholeFile.h"
 #include "hosts/linux/messages/MessagesDatabase.h"
 #include "hosts/linux/sources/ConversationFacts.h"
 #include "hosts/linux/sources/LinuxAddressBook.h"
@@ -54,6 +57,17 @@ std::vector<ABFavoritesEntry> readFavoritesOfDevice() {
     }
   }
   return std::move(reading.entries);
+}
+
+// The reason when that fails.
+std::optional<std::string> putBack(const std::filesystem::path& file,
+                                   const linux_host::WholeFile& before) {
+  if (before.exists) {
+    return linux_host::replaceWhole(file, before.bytes);
+  }
+  std::error_code error;
+  std::filesystem::remove(file, error);
+  return error ? std::optional(error.message()) : std::nullopt;
 }
 
 bool ruleShows(const ZephylRef& group, const CKConversationRef& conversation) {
@@ -95,17 +109,46 @@ ABPersonRef UserData::addPerson(const ABPerson& person, NSError& error) {
   };
   try {
     const DeviceLock lock(places_.device);
+    const linux_host::WholeFile before = linux_host::readWhole(places_.addedPeople());
     if (const auto failure = linux_host::appendVCard(places_.addedPeople(), added)) {
       return fail(*failure);
     }
-    refreshPeople();
+    readAddedPeople();
+    if (ABPersonRef found = personWithGuid(added.guid)) {
+      return found;
+    }
+    // Else each further try would add the card once more.
+    const auto left = putBack(places_.addedPeople(), before);
+    return fail(
+        places_.addedPeople().string() +
+        (left ? ": the person was written and cannot be read; taking that back failed: " + *left
+              : ": the person cannot be read from this file"));
   } catch (const CommandError& reason) {
     return fail(reason.what());
   }
-  const auto found = std::find_if(people_.begin(), people_.end(), [&](const ABPersonRef& each) {
-    return each->guid == added.guid;
-  });
-  return found == people_.end() ? fail("the person was written and is not found") : *found;
+}
+
+void UserData::readAddedPeople() {
+  try {
+    refreshPeople();
+    return;
+  } catch (const CommandError& reason) {
+    reports_.badData(reason.what());
+  }
+  const std::string file = places_.addedPeople().string();
+  std::vector<ABPersonRef> people = people_;
+  std::erase_if(people, [&](const ABPersonRef& each) { return each->sourceFile == file; });
+  linux_host::RecordIDs ids(places_.recordIDs(), access_);
+  linux_host::ContactsReading reading = linux_host::readContactsBehind(people, file, ids);
+  reports_.warnings("contacts", reading.warnings);
+  people.insert(people.end(), reading.people.begin(), reading.people.end());
+  setPeople(std::move(people));
+}
+
+ABPersonRef UserData::personWithGuid(const std::string& guid) const {
+  const auto found = std::find_if(people_.begin(), people_.end(),
+                                  [&](const ABPersonRef& each) { return each->guid == guid; });
+  return found == people_.end() ? nullptr : *found;
 }
 
 void UserData::watchPeople() {
@@ -126,7 +169,11 @@ void UserData::take(linux_host::ContactsReading reading) {
   }
   reports_.warnings("contacts", reading.warnings);
   errors_ = std::move(reading.errors);
-  people_ = std::move(reading.people);
+  setPeople(std::move(reading.people));
+}
+
+void UserData::setPeople(std::vector<ABPersonRef> people) {
+  people_ = std::move(people);
   matcher_.emplace(people_, homeRegion_);
   if (addressBook_ != nullptr) {
     addressBook_->setPeople(people_, errors_);

@@ -77,8 +77,13 @@ class UserData {
   // The user's, and the file of those who were added here.
   [[nodiscard]] std::vector<std::string> sources() const;
   [[nodiscard]] linux_host::ContactsReading readContacts() const;
+  // The person is added and found, or nothing was written.
   [[nodiscard]] ABPersonRef addPerson(const ABPerson& person, NSError& error);
+  // After a card was added: whatever became of the other sources, their people stay.
+  void readAddedPeople();
   void take(linux_host::ContactsReading reading);
+  void setPeople(std::vector<ABPersonRef> people);
+  [[nodiscard]] ABPersonRef personWithGuid(const std::string& guid) const;
   [[nodiscard]] linux_host::LinuxFavorites::Read favoritesReader(
       const std::vector<std::string>& favorites) const;
 

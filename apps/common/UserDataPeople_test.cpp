@@ -115,6 +115,35 @@ TEST_F(UserDataPeople, WhenTheFileCannotBeWrittenNobodyIsAdded) {
   EXPECT_THAT(names(), ElementsAre("Ann Reed", "Bob Ash"));
 }
 
+TEST_F(UserDataPeople, WhoIsAddedWhileAnotherSourceFailsIsAddedOnceAndTheOthersStay) {
+  start();
+  const std::int32_t ann = book().copyArrayOfAllPeople().front()->recordID;
+  std::filesystem::remove(folder_.path() + "/people.vcf");
+  NSError error;
+  const ABPersonRef added = book().addPerson(cid(), error);
+  ASSERT_NE(added, nullptr) << error.localizedDescription();
+  EXPECT_THAT(names(), ElementsAre("Ann Reed", "Bob Ash", "Cid"));
+  EXPECT_EQ(book().copyArrayOfAllPeople().front()->recordID, ann);
+  EXPECT_NE(added->recordID, ann);
+  EXPECT_THAT(bad_, ElementsAre(::testing::HasSubstr("people.vcf")));
+  // What failed is tried again, and who was added is the same then.
+  folder_.put("/people.vcf", card("Dan", "Cole", "3"));
+  data_->refreshPeople();
+  EXPECT_THAT(names(), ElementsAre("Dan Cole", "Cid"));
+  EXPECT_EQ(book().personWithRecordID(added->recordID)->guid, added->guid);
+}
+
+TEST_F(UserDataPeople, WhoCannotBeReadBackIsNotWrittenEither) {
+  const std::string text = "SQLite format 3" + std::string(1, '\0') + "\n";
+  folder_.put("/device/added-people.vcf", text);
+  start();
+  NSError error;
+  EXPECT_EQ(book().addPerson(cid(), error), nullptr);
+  EXPECT_THAT(error.localizedDescription(), ::testing::HasSubstr(places_.addedPeople().string()));
+  EXPECT_EQ(folder_.read("/device/added-people.vcf"), text);
+  EXPECT_THAT(names(), ElementsAre("Ann Reed", "Bob Ash"));
+}
+
 TEST_F(UserDataPeople, AFileThatChangesIsReadAnewAndAnnounced) {
   start();
   data_->watchPeople();
@@ -134,6 +163,21 @@ TEST_F(UserDataPeople, AFileThatVanishesIsToldAndThePeopleStay) {
   EXPECT_TRUE(device_->queues().runMainUntil([&] { return !bad_.empty(); }, 10s));
   EXPECT_THAT(bad_.front(), ::testing::HasSubstr("people.vcf"));
   EXPECT_THAT(names(), ElementsAre("Ann Reed", "Bob Ash"));
+}
+
+TEST_F(UserDataPeople, WhoHasNoNameIsNotAmongTheContactsOfTheProcess) {
+  folder_.put("/people.vcf", card("Ann", "Reed", "1") +
+                                 "BEGIN:VCARD\nVERSION:3.0\nN:;;;;\nFN:bob@example.com\n"
+                                 "EMAIL:bob@example.com\nEND:VCARD\n"
+                                 "BEGIN:VCARD\nVERSION:3.0\nTEL:2\nEND:VCARD\n");
+  start();
+  EXPECT_THAT(names(), ElementsAre("Ann Reed", "", ""));
+  const auto contacts = ZLAddressBook::sharedInstance();
+  contacts->loadContacts(nullptr);
+  EXPECT_TRUE(device_->queues().runMainUntilIdle());
+  ASSERT_NE(contacts->contacts(), nullptr);
+  ASSERT_EQ(contacts->contacts()->size(), 1U);
+  EXPECT_EQ(contacts->contacts()->front()->compositeName(), "Ann Reed");
 }
 
 TEST_F(UserDataPeople, ASourceThatCannotBeReadRefusesContactsWithItsName) {

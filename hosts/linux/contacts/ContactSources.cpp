@@ -32,6 +32,13 @@ class People {
  public:
   explicit People(RecordIDs& ids) : ids_(ids) {}
 
+  // They have their ids already, which are nobody else's.
+  void leaveIDsTo(const std::vector<ABPersonRef>& others) {
+    for (const ABPersonRef& other : others) {
+      given_.insert(other->recordID);
+    }
+  }
+
   void addFirstAddressBook(const std::filesystem::path& file) {
     AddressBookReading reading = readAddressBook(file);
     std::unordered_set<std::int32_t> rows;
@@ -43,7 +50,7 @@ class People {
     ids_.reserve(rows);
     for (AddressBookEntry& entry : reading.entries) {
       if (isRecordID(entry.rowID)) {
-        add(std::move(entry.person), static_cast<std::int32_t>(entry.rowID));
+        keep(std::move(entry.person), static_cast<std::int32_t>(entry.rowID));
       } else {
         addWithKey(std::move(entry.person), "first-row:" + std::to_string(entry.rowID));
       }
@@ -51,6 +58,22 @@ class People {
     notes_.append(reading.notes);
   }
 
+  void add(const ContactFile& file) {
+    if (file.kind == ContactFile::Kind::kVCards) {
+      addVCards(file.path);
+    } else {
+      addAddressBook(file.path);
+    }
+  }
+
+  [[nodiscard]] ContactNotes& notes() { return notes_; }
+  [[nodiscard]] ContactsReading finish() {
+    ids_.save();
+    notes_.append(ids_.takeNotes());
+    return {std::move(people_), notes_.warnings(), notes_.errors()};
+  }
+
+ private:
   void addAddressBook(const std::filesystem::path& file) {
     AddressBookReading reading = readAddressBook(file);
     for (AddressBookEntry& entry : reading.entries) {
@@ -68,15 +91,11 @@ class People {
     notes_.append(reading.notes);
   }
 
-  [[nodiscard]] ContactNotes& notes() { return notes_; }
-  [[nodiscard]] std::vector<ABPersonRef> takePeople() { return std::move(people_); }
-
- private:
   static bool isRecordID(std::int64_t rowID) {
     return rowID >= 1 && rowID <= std::numeric_limits<std::int32_t>::max();
   }
 
-  void add(ABPerson person, std::int32_t id) {
+  void keep(ABPerson person, std::int32_t id) {
     person.recordID = id;
     people_.push_back(std::make_shared<const ABPerson>(std::move(person)));
   }
@@ -92,7 +111,7 @@ class People {
       id = ids_.idFor(count == 1 ? key : key + '\n' + std::to_string(count));
     } while (id && !given_.insert(*id).second);
     if (id) {
-      add(std::move(person), *id);
+      keep(std::move(person), *id);
     } else {
       notes_.error(person.sourceFile, 0, "there is no record id left for a person");
     }
@@ -117,15 +136,21 @@ ContactsReading readContacts(const std::vector<std::string>& sources, RecordIDs&
     people.addFirstAddressBook(first->path);
   }
   for (auto file = files.begin(); file != files.end(); ++file) {
-    if (file->kind == ContactFile::Kind::kVCards) {
-      people.addVCards(file->path);
-    } else if (file != first) {
-      people.addAddressBook(file->path);
+    if (file != first) {
+      people.add(*file);
     }
   }
-  ids.save();
-  people.notes().append(ids.takeNotes());
-  return {people.takePeople(), people.notes().warnings(), people.notes().errors()};
+  return people.finish();
+}
+
+ContactsReading readContactsBehind(const std::vector<ABPersonRef>& others,
+                                   const std::string& source, RecordIDs& ids) {
+  People people(ids);
+  people.leaveIDsTo(others);
+  for (const ContactFile& file : contactFiles({source}, people.notes())) {
+    people.add(file);
+  }
+  return people.finish();
 }
 
 }  // namespace zephyl::linux_host

@@ -28,4 +28,9 @@ struct ContactsReading {
 // uses `ids`.
 [[nodiscard]] ContactsReading readContacts(const std::vector<std::string>& sources, RecordIDs& ids);
 
+// Of one source behind the others alone, whose people are known and keep the record ids that they
+// have.
+[[nodiscard]] ContactsReading readContactsBehind(const std::vector<ABPersonRef>& others,
+                                                 const std::string& source, RecordIDs& ids);
+
 }  // namespace zephyl::linux_host

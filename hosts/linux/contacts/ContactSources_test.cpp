@@ -88,6 +88,20 @@ TEST_F(ContactSourcesTest, ThePersonWhoComesTwiceHasTwoLastingIds) {
   EXPECT_EQ(read({file}), expected);
 }
 
+TEST_F(ContactSourcesTest, ASourceReadBehindTheOthersGivesTheIdsThatAllTogetherGive) {
+  const std::string a = card("3.0", {"N:A;;;;", "UID:1"});
+  const std::string first = put("a.vcf", a);
+  const std::string last = put("b.vcf", card("3.0", {"N:B;;;;", "UID:1"}));
+  EXPECT_EQ(read({first}), (Ids{{"A", 1000001}}));
+  RecordIDs ids(folder_.file("ids"));
+  const ContactsReading behind = readContactsBehind(reading_.people, last, ids);
+  ASSERT_EQ(behind.people.size(), 1U);
+  EXPECT_EQ(behind.people[0]->recordID, 1000002);
+  EXPECT_EQ(read({first, last}), (Ids{{"A", 1000001}, {"B", 1000002}}));
+  EXPECT_EQ(readContactsBehind({}, in_ + "/none", ids).errors,
+            Strings{in_ + "/none: there is no such file or folder"});
+}
+
 TEST_F(ContactSourcesTest, RowsThatAreNoRecordIdsGetOthers) {
   const std::string book =
       putBook("b.sqlitedb", {{-1, "Minus"}, {0, "Zero"}, {1000001, "High"}, {5, "Five"}});
