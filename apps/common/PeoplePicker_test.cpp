@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/Host.h"
+#include "platform/foundation/Collation.h"
 #include "platform/uikit/UIWindow.h"
 #include "platform/uikit/controllers/UINavigationController.h"
 #include "platform/uikit/controllers/UINavigationItem.h"
@@ -21,6 +23,7 @@
 #include "hosts/linux/LinuxDispatch.h"
 #include "hosts/linux/screen/EventLoop_testing.h"
 #include "hosts/linux/screen/LinuxUIKit.h"
+#include "ui/people/SectionsText_testing.h"
 #include "ui/people/ZLPeoplePickerViewController.h"
 
 namespace zephyl::app {
@@ -50,21 +53,35 @@ class PeoplePickerOnLinux : public ::testing::Test {
     data_.emplace(places_,
                   UserData::Reports{[](const std::string&) {},
                                     [](const std::string&, const std::vector<std::string>&) {}});
+  }
+  ~PeoplePickerOnLinux() override { stop(); }
+  void start(const SourceOptions& sources = {}) {
     data_->readPeople();
     linux_host::DeviceOptions options;
     options.deviceRoot = places_.device.string();
     options.uikit = std::make_unique<linux_host::LinuxUIKit>(linux_host::UIKitOptions());
-    data_->serveBy(options, {});
+    data_->serveBy(options, sources);
     device_.emplace(std::move(options));
     install(*device_);
     window_ = std::make_shared<UIWindow>(CGRectMake(0, 0, 390, 844));
     window_->setRootViewController(root_);
   }
-  ~PeoplePickerOnLinux() override {
+  void stop() {
     picker_ = nullptr;
     window_ = nullptr;
-    root_ = nullptr;
-    uninstall();
+    root_ = std::make_shared<UIViewController>();
+    if (device_) {
+      uninstall();
+      device_.reset();
+    }
+  }
+  void present() {
+    picker_ =
+        ZLPeoplePickerViewController::presentPeoplePickerViewControllerForParentViewController(
+            root_, MemberSet());
+    picker_->setDelegate(returned_);
+    picker_->setFiledMask(APContactFieldAll);
+    picker_->setNumberOfSelectedPeople(-1);
   }
   PeoplePickerOnLinux(const PeoplePickerOnLinux&) = delete;
   PeoplePickerOnLinux& operator=(const PeoplePickerOnLinux&) = delete;
@@ -95,15 +112,12 @@ class PeoplePickerOnLinux : public ::testing::Test {
   std::shared_ptr<UIViewController> root_ = std::make_shared<UIViewController>();
   std::shared_ptr<UIWindow> window_;
   std::shared_ptr<ZLPeoplePickerViewController> picker_;
+  std::shared_ptr<Returned> returned_ = std::make_shared<Returned>();
 };
 
 TEST_F(PeoplePickerOnLinux, PeopleOfAFileAreTickedByTapAndHandedBack) {
-  const auto returned = std::make_shared<Returned>();
-  picker_ = ZLPeoplePickerViewController::presentPeoplePickerViewControllerForParentViewController(
-      root_, MemberSet());
-  picker_->setDelegate(returned);
-  picker_->setFiledMask(APContactFieldAll);
-  picker_->setNumberOfSelectedPeople(-1);
+  start();
+  present();
   ASSERT_TRUE(waitFor([&] { return cellOf("Ann Reed") != nullptr && picker_->hasAppeared(); }));
   ASSERT_NE(cellOf("\u00c9lise \u00c4rm"), nullptr);
   EXPECT_EQ(picker_->titleForHeaderInSection(*picker_->tableView(), 0), "A");
@@ -112,10 +126,29 @@ TEST_F(PeoplePickerOnLinux, PeopleOfAFileAreTickedByTapAndHandedBack) {
   ASSERT_TRUE(waitFor([&] { return isTicked("\u00c9lise \u00c4rm"); }));
   EXPECT_FALSE(isTicked("Ann Reed"));
   EXPECT_TRUE(picker_->navigationItem()->leftBarButtonItem()->performAction());
-  ASSERT_TRUE(returned->people);
-  ASSERT_EQ(returned->people->size(), 1U);
-  EXPECT_TRUE(returned->people->contains(std::int64_t{data_->people()[1]->recordID}));
+  ASSERT_TRUE(returned_->people);
+  ASSERT_EQ(returned_->people->size(), 1U);
+  EXPECT_TRUE(returned_->people->contains(std::int64_t{data_->people()[1]->recordID}));
   EXPECT_TRUE(waitFor([&] { return root_->presentedViewController() == nullptr; }));
+}
+
+TEST_F(PeoplePickerOnLinux, SectionsAreByTheNameThatIsAskedFor) {
+  struct Case {
+    ABPersonSortOrdering ordering;
+    const char* sections;
+  };
+  for (const Case& each :
+       {Case{ABPersonSortOrdering::kByLastName, "A:\u00c9lise \u00c4rm R:Ann Reed"},
+        Case{ABPersonSortOrdering::kByFirstName, "A:Ann Reed E:\u00c9lise \u00c4rm"}}) {
+    SourceOptions sources;
+    sources.sortNames = each.ordering;
+    start(sources);
+    present();
+    ASSERT_TRUE(waitFor([&] { return cellOf("Ann Reed") != nullptr; }));
+    EXPECT_EQ(test::namesIn(picker_->partitionedContacts(), host().collation().sectionTitles()),
+              each.sections);
+    stop();
+  }
 }
 
 }  // namespace

@@ -25,6 +25,18 @@ void addContactsOption(CLI::App& app, SourceOptions& sources) {
       ->check(CLI::Validator(whyEmpty, ""));
 }
 
+void addSortNamesOption(CLI::App& app, SourceOptions& sources) {
+  app.add_option_function<std::string>(
+         "--sort-names",
+         [&sources](const std::string& value) {
+           sources.sortNames = value == "first" ? ABPersonSortOrdering::kByFirstName
+                                                : ABPersonSortOrdering::kByLastName;
+         },
+         "by which name people are in order (default: last)")
+      ->type_name("first|last")
+      ->check(CLI::IsMember({"first", "last"}).description(""));
+}
+
 void addDeviceOption(CLI::App& app, SourceOptions& sources) {
   app.add_option("--device", sources.device,
                  "folder that holds the groups and settings, laid out as on the phone")

@@ -20,6 +20,7 @@ namespace zephyl::app {
 // What is given must outlive the parsing.
 void addMessagesOption(CLI::App& app, SourceOptions& sources, const std::string& help);
 void addContactsOption(CLI::App& app, SourceOptions& sources);
+void addSortNamesOption(CLI::App& app, SourceOptions& sources);
 void addDeviceOption(CLI::App& app, SourceOptions& sources);
 void addReleaseOption(CLI::App& app, std::string& release);
 void addLanguageOption(CLI::App& app, std::optional<std::string>& language);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/addressbook/ABAddressBook.h"
+
 namespace zephyl::app {
 
 struct SourceOptions {
@@ -13,6 +15,7 @@ struct SourceOptions {
   std::vector<std::string> contacts;    // address books, vCards and folders of them
   std::vector<std::string> favorites;   // people who are favourites; none: those of the phone
   std::optional<std::string> device;    // the device root
+  ABPersonSortOrdering sortNames = ABPersonSortOrdering::kByLastName;
 };
 
 }  // namespace zephyl::app

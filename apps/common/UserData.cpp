@@ -209,17 +209,18 @@ linux_host::LinuxFavorites::Read UserData::favoritesReader(
   return [entries = favoritesNamed(favorites, people_, *matcher_)] { return entries; };
 }
 
-void UserData::serveBy(linux_host::DeviceOptions& options,
-                       const std::vector<std::string>& favorites) {
+void UserData::serveBy(linux_host::DeviceOptions& options, const SourceOptions& sources) {
   auto list = std::make_unique<FilteredConversationList>();
   list_ = list.get();
   options.conversationList = std::move(list);
   addressBook_ = std::make_shared<linux_host::LinuxAddressBook>(people_);
   addressBook_->setPeople(people_, errors_);
+  addressBook_->setSortOrdering(sources.sortNames);
   addressBook_->setAdder(
       [this](const ABPerson& person, NSError& error) { return addPerson(person, error); });
   options.addressBook = addressBook_;
-  options.favorites = std::make_unique<linux_host::LinuxFavorites>(favoritesReader(favorites));
+  options.favorites =
+      std::make_unique<linux_host::LinuxFavorites>(favoritesReader(sources.favorites));
   options.phoneFormatting = std::make_unique<linux_host::PhoneFormatter>(homeRegion_);
 }
 

@@ -58,10 +58,11 @@ class UserData {
   // read is told, and all stays as it was.
   void watchPeople();
 
-  // Fills in what a device serves of them: the conversation list, empty for now, the address book,
-  // the favourites (those of `favorites`, or of the device when it names none) and the form of
-  // phone numbers. After `readPeople`. Throws CommandError for a favourite who is nobody.
-  void serveBy(linux_host::DeviceOptions& options, const std::vector<std::string>& favorites);
+  // Fills in what a device serves of them: the conversation list, empty for now, the address book
+  // with its sort order, the favourites (those of `sources`, or of the device when it names none)
+  // and the form of phone numbers. After `readPeople`. Throws CommandError for a favourite who is
+  // nobody.
+  void serveBy(linux_host::DeviceOptions& options, const SourceOptions& sources);
 
   // Reads the conversations and puts them into the list of the device, which is installed. May be
   // called again when the database has changed. Throws CommandError.

@@ -265,7 +265,7 @@ TEST_F(BadInputTest, DamagedSourcesAreShownAsFarAsTheyGo) {
   EXPECT_EQ(result.objects().size(), 4U);
   EXPECT_EQ(result.objects()[0]["lastText"], nullptr);
   EXPECT_NE(result.errors.find(contacts_.string() + ":"), std::string::npos) << result.errors;
-  EXPECT_EQ(runOwn({"contacts", "--json"}).objects().back()["name"], "Cut");
+  EXPECT_EQ(runOwn({"contacts", "--json", "Cut"}).objects().back()["name"], "Cut");
 }
 
 TEST_F(BadInputTest, ADatabaseThatCannotTellWhatIsUnreadSaysSo) {

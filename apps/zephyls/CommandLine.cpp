@@ -26,6 +26,7 @@ void addSourceOptions(CLI::App& app, Options& options) {
       ->type_name("WHO")
       ->allow_extra_args(false)
       ->check(CLI::Validator(whyEmpty, ""));
+  addSortNamesOption(app, options.sources);
   addDeviceOption(app, options.sources);
 }
 

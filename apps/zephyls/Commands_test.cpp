@@ -151,7 +151,25 @@ TEST_F(CommandsTest, SeveralAddressBooksCountTogether) {
   write(folder_ / "more/one.vcf", "BEGIN:VCARD\nVERSION:3.0\nFN:Ben Moss\nEND:VCARD\n");
   EXPECT_EQ(all(runOwn({"--contacts", (folder_ / "more").string(), "contacts", "--json"}).objects(),
                 "name"),
-            (Texts{"Ann Larkspur", "Eve Sjö", "Ben Moss"}));
+            (Texts{"Ben Moss", "Ann Larkspur", "Eve Sjö"}));
+}
+
+TEST_F(CommandsTest, PeopleAreInTheOrderOfTheNameThatIsAskedFor) {
+  write(contacts_,
+        "BEGIN:VCARD\nVERSION:3.0\nTEL:1\nEND:VCARD\n"
+        "BEGIN:VCARD\nVERSION:3.0\nN:Zorn;Anna;;;\nEND:VCARD\n"
+        "BEGIN:VCARD\nVERSION:3.0\nN:\u00c4rm;Zo\u00eb;;;\nEND:VCARD\n"
+        "BEGIN:VCARD\nVERSION:3.0\nN:arm;bob;;;\nEND:VCARD\n"
+        "BEGIN:VCARD\nVERSION:3.0\nORG:Moss & Co\nEND:VCARD\n"
+        "BEGIN:VCARD\nVERSION:3.0\nN:;Cid;;;\nEND:VCARD\n");
+  const Texts byLast = {"bob arm", "Zo\u00eb \u00c4rm", "Cid", "Moss & Co", "Anna Zorn", "null"};
+  EXPECT_EQ(all(runOwn({"contacts", "--json"}).objects(), "name"), byLast);
+  EXPECT_EQ(all(runOwn({"--sort-names", "last", "contacts", "--json"}).objects(), "name"), byLast);
+  EXPECT_EQ(all(runOwn({"--sort-names", "first", "contacts", "--json"}).objects(), "name"),
+            (Texts{"Anna Zorn", "bob arm", "Cid", "Moss & Co", "Zo\u00eb \u00c4rm", "null"}));
+  const auto wrong = runOwn({"--sort-names", "middle", "contacts"});
+  EXPECT_EQ(wrong.status, 2);
+  EXPECT_NE(wrong.errors.find("--sort-names"), std::string::npos) << wrong.errors;
 }
 
 TEST_F(CommandsTest, AConversationIsAlsoFoundByANameOrAddressThatFitsNoOther) {

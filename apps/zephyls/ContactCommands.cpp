@@ -1,6 +1,8 @@
 // The command that lists the people of the address book.
 
 #include <algorithm>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -9,11 +11,14 @@
 #include "platform/Host.h"
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/addressbook/ABPhoneFormatting.h"
+#include "platform/foundation/Collation.h"
 
 #include "apps/zephyls/Commands.h"
 #include "apps/zephyls/Describe.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
+#include "contacts/APContact.h"
+#include "ui/people/ContactNames.h"
 
 namespace zephyl::app {
 
@@ -57,6 +62,33 @@ bool hasEveryWord(const ABPerson& person, const std::vector<std::string>& words)
                      [&](const std::string& word) { return text.indexOf(folded(word)) >= 0; });
 }
 
+// By the name that the user sorts by, then by the other one. Those without a name come last.
+std::vector<ABPersonRef> peopleInOrder() {
+  ABAddressBook& book = *host().addressBook();
+  const bool byLast = book.personGetSortOrdering() == ABPersonSortOrdering::kByLastName;
+  const auto other =
+      byLast ? ABPersonSortOrdering::kByFirstName : ABPersonSortOrdering::kByLastName;
+  constexpr APContactField kNames =
+      APContactFieldFirstName | APContactFieldLastName | APContactFieldCompositeName;
+  std::vector<ABPersonRef> people = book.copyArrayOfAllPeople();
+  std::vector<std::pair<std::string, ABPersonRef>> keyed;
+  keyed.reserve(people.size());
+  for (ABPersonRef& person : people) {
+    const APContactRef contact = APContact::initWithRecordRef(person, kNames);
+    std::string key(1, contact->compositeName().empty() ? '\2' : '\1');
+    for (const ABPersonSortOrdering ordering : {book.personGetSortOrdering(), other}) {
+      host().collation().appendSortKey(nameForSection(*contact, ordering), key);
+      key += '\0';
+    }
+    keyed.emplace_back(std::move(key), std::move(person));
+  }
+  std::stable_sort(keyed.begin(), keyed.end(),
+                   [](const auto& left, const auto& right) { return left.first < right.first; });
+  std::transform(keyed.begin(), keyed.end(), people.begin(),
+                 [](auto& each) { return std::move(each.second); });
+  return people;
+}
+
 Json personObject(const ABPerson& person) {
   return {{"recordID", person.recordID},
           {"name", person.compositeName ? Json(*person.compositeName) : Json(nullptr)},
@@ -86,7 +118,7 @@ Row personRow(const ABPerson& person) {
 int listContacts(Session& session, Output& output) {
   session.startDevice();
   std::vector<Row> rows;
-  for (const ABPersonRef& person : host().addressBook()->copyArrayOfAllPeople()) {
+  for (const ABPersonRef& person : peopleInOrder()) {
     if (!hasEveryWord(*person, session.options().words)) {
       continue;
     }

@@ -152,7 +152,7 @@ void Session::startDevice() {
     hasShell =
         reachShell(options, [this](const std::string& message) { output_.complain(message); });
   }
-  userData_.serveBy(options, options_.sources.favorites);
+  userData_.serveBy(options, options_.sources);
   device_ = std::make_unique<linux_host::LinuxDevice>(std::move(options));
   install(*device_);
   serveGroups(device_->messageServers());

@@ -20,28 +20,13 @@
 #include "contacts/ZLAddressBook.h"
 #include "contacts/testing/PersonBuilder.h"
 #include "hosts/fake/Device.h"
+#include "ui/people/SectionsText_testing.h"
 #include "ui/people/ZLPeoplePickerViewController.h"
 
 namespace zephyl::test {
 
 inline APContactRef contactOf(const PersonBuilder& person) {
   return APContact::initWithRecordRef(person.build(), APContactFieldAll);
-}
-
-// Names of those in the sections that are not empty: "A:Ann,Abe B:Bob".
-inline std::string namesIn(const ContactSections& sections,
-                           const std::vector<std::string>& titles) {
-  std::string text;
-  for (std::size_t i = 0; i < sections.size(); ++i) {
-    if (sections[i].empty()) {
-      continue;
-    }
-    text.append(text.empty() ? "" : " ").append(titles.at(i)).append(":");
-    for (std::size_t row = 0; row < sections[i].size(); ++row) {
-      text.append(row == 0 ? "" : ",").append(sections[i][row]->compositeName());
-    }
-  }
-  return text;
 }
 
 // Writes down what a picker tells.
