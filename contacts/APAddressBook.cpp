@@ -53,6 +53,13 @@ NSError refusal() {
 
 }  // namespace
 
+void APAddressBookExternalChangeCallback(ABAddressBook& /*addressBook*/, void* context) {
+  // A copy: it may set another one.
+  if (const auto callback = static_cast<const APAddressBook*>(context)->changeCallback()) {
+    callback();
+  }
+}
+
 APAddressBook::APAddressBook() : addressBook_(host().addressBook()) {
   const auto hash = static_cast<long>(std::hash<const void*>()(this));
   localQueue_ =
@@ -61,7 +68,7 @@ APAddressBook::APAddressBook() : addressBook_(host().addressBook()) {
 
 APAddressBook::~APAddressBook() {
   // Whatever the callback was set to meanwhile: nobody may be called from now on.
-  addressBook_->unregisterExternalChangeCallback(addressBookDidChange, this);
+  addressBook_->unregisterExternalChangeCallback(APAddressBookExternalChangeCallback, this);
 }
 
 APAddressBookAccess APAddressBook::access() {
@@ -104,7 +111,7 @@ void APAddressBook::startObserveChangesWithCallback(ChangeCallback callback) {
     return;
   }
   if (!changeCallback_) {
-    addressBook_->registerExternalChangeCallback(addressBookDidChange, this);
+    addressBook_->registerExternalChangeCallback(APAddressBookExternalChangeCallback, this);
   }
   changeCallback_ = std::move(callback);
 }
@@ -112,14 +119,7 @@ void APAddressBook::startObserveChangesWithCallback(ChangeCallback callback) {
 void APAddressBook::stopObserveChanges() {
   if (changeCallback_) {
     changeCallback_ = nullptr;
-    addressBook_->unregisterExternalChangeCallback(addressBookDidChange, this);
-  }
-}
-
-void APAddressBook::addressBookDidChange(ABAddressBook& /*addressBook*/, void* context) {
-  // It may set another one.
-  if (const auto callback = static_cast<APAddressBook*>(context)->changeCallback_) {
-    callback();
+    addressBook_->unregisterExternalChangeCallback(APAddressBookExternalChangeCallback, this);
   }
 }
 

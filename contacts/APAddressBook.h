@@ -20,6 +20,10 @@ namespace zephyl {
 
 enum class APAddressBookAccess { kUnknown = 0, kGranted = 1, kDenied = 2 };
 
+// What a loader registers at its address book, with itself as the context: calls the loader's
+// change callback, if it has one. Main thread.
+ZP_EXPORT void APAddressBookExternalChangeCallback(ABAddressBook& addressBook, void* context);
+
 class ZP_EXPORT APAddressBook {
  public:
   using FilterBlock = std::function<bool(const APContact& contact)>;
@@ -59,8 +63,6 @@ class ZP_EXPORT APAddressBook {
   void stopObserveChanges();
 
  private:
-  static void addressBookDidChange(ABAddressBook& addressBook, void* context);
-
   ABAddressBookRef addressBook_;
   std::shared_ptr<SerialQueue> localQueue_;
   APContactField fieldsMask_ = APContactFieldDefault;

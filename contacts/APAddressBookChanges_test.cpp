@@ -84,6 +84,20 @@ TEST_F(APAddressBookChangesTest, ALoaderMayGoWithoutItsCallback) {
   EXPECT_EQ(written_, "");
 }
 
+TEST_F(APAddressBookChangesTest, WhoeverHoldsTheRegistrationCanTakeItBack) {
+  book_->startObserveChangesWithCallback(writing("a"));
+  APAddressBookExternalChangeCallback(device_.people(), book_.get());
+  EXPECT_EQ(written_, "a");
+  device_.people().unregisterExternalChangeCallback(APAddressBookExternalChangeCallback,
+                                                    book_.get());
+  EXPECT_EQ(device_.people().unregistrations(), 1);
+  change();
+  EXPECT_EQ(written_, "a");
+  book_->setChangeCallback(nullptr);
+  APAddressBookExternalChangeCallback(device_.people(), book_.get());
+  EXPECT_EQ(written_, "a");
+}
+
 TEST_F(APAddressBookChangesTest, TheCallbackMaySetAnotherOne) {
   book_->startObserveChangesWithCallback([this] {
     written_ += "a";
