@@ -11,6 +11,7 @@
 
 #include "contacts/testing/PersonBuilder.h"
 #include "hosts/fake/Device.h"
+#include "hosts/fake/uikit/FakePng.h"
 
 namespace zephyl {
 namespace {
@@ -99,6 +100,19 @@ TEST_F(APAddressBookTest, PeopleAreReadInTheBackgroundAndHandedOverOnTheMainQueu
   device_.dispatch().runMain();
   EXPECT_EQ(calls_, 1);
   EXPECT_TRUE(onMain_);
+}
+
+TEST_F(APAddressBookTest, PicturesAreLookedAtInTheBackground) {
+  std::vector<bool> onMain;
+  device_.people().setPeople({PersonBuilder(1, "Ann").thumbnail([&] {
+    onMain.push_back(device_.dispatch().isMainThread());
+    return std::make_shared<const std::vector<std::uint8_t>>(fake::fakePicture(1, 1));
+  })});
+  APAddressBook book;
+  book.setFieldsMask(APContactFieldThumbnail);
+  load(book);
+  EXPECT_TRUE(contacts_->front()->hasThumbnail());
+  EXPECT_THAT(onMain, ElementsAre(false));
 }
 
 TEST_F(APAddressBookTest, AnotherQueueMayBeNamed) {

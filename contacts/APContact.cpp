@@ -4,7 +4,10 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/Host.h"
 #include "platform/addressbook/ABLabels.h"
+#include "platform/uikit/UIGraphics.h"
+#include "platform/uikit/UIKitHost.h"
 
 namespace zephyl {
 
@@ -30,12 +33,25 @@ std::optional<Date> dateOf(const std::optional<double>& secondsSince1970) {
   return secondsSince1970 ? std::optional(Date::since1970(*secondsSince1970)) : std::nullopt;
 }
 
+// By its head alone; a device without a screen takes it for one.
+bool isPicture(const std::vector<std::uint8_t>& file) {
+  UIKitHost* const screen = host().uikit();
+  return screen == nullptr ? !file.empty() : screen->graphics().pixelSize(file) != CGSize();
+}
+
 }  // namespace
+
+void APContact::Picture::read(const ABImageLoader& loader) {
+  const ABImageData data = loader ? loader() : nullptr;
+  if (data != nullptr && isPicture(*data)) {
+    loader_ = loader;
+  }
+}
 
 UIImageRef APContact::Picture::image() const {
   std::call_once(once_, [this] {
     const ABImageData data = loader_ ? loader_() : nullptr;
-    if (data != nullptr) {
+    if (data != nullptr && isPicture(*data)) {
       image_ = UIImage::imageWithData(*data);
     }
   });
@@ -106,10 +122,10 @@ void APContact::readNumbers(const ABPerson& person) {
     modificationDate_ = dateOf(person.modificationDate);
   }
   if (reads(APContactFieldPhoto)) {
-    photo_.setLoader(person.fullSizeImage);
+    photo_.read(person.fullSizeImage);
   }
   if (reads(APContactFieldThumbnail)) {
-    thumbnail_.setLoader(person.thumbnailImage);
+    thumbnail_.read(person.thumbnailImage);
   }
 }
 

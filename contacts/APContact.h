@@ -32,7 +32,7 @@ using APContactArray = std::vector<APContactRef>;
 
 class ZP_EXPORT APContact {
  public:
-  // Reads the fields of the mask. Pictures are fetched when they are first asked for.
+  // Reads the fields of the mask, and looks which pictures of it are there.
   [[nodiscard]] static APContactRef initWithRecordRef(const ABPersonRef& record,
                                                       APContactField fieldMask);
 
@@ -58,7 +58,11 @@ class ZP_EXPORT APContact {
   [[nodiscard]] const std::optional<std::int32_t>& recordID() const { return recordID_; }
   [[nodiscard]] const std::optional<Date>& creationDate() const { return creationDate_; }
   [[nodiscard]] const std::optional<Date>& modificationDate() const { return modificationDate_; }
-  // Null without a picture. Both take the file as it is; it need not be one that can be drawn.
+  // Whether there is one that the device can show, as it was when the contact was read.
+  [[nodiscard]] bool hasPhoto() const { return photo_.isThere(); }
+  [[nodiscard]] bool hasThumbnail() const { return thumbnail_.isThere(); }
+  // Null without a picture. Its file is read here, at the first call: those of a whole address book
+  // are too much to keep.
   [[nodiscard]] UIImageRef photo() const { return photo_.image(); }
   [[nodiscard]] UIImageRef thumbnail() const { return thumbnail_.image(); }
 
@@ -82,11 +86,13 @@ class ZP_EXPORT APContact {
  private:
   class Picture {
    public:
-    void setLoader(ABImageLoader loader) { loader_ = std::move(loader); }
+    // Fetches it once to look at it.
+    void read(const ABImageLoader& loader);
+    [[nodiscard]] bool isThere() const { return loader_ != nullptr; }
     [[nodiscard]] UIImageRef image() const;
 
    private:
-    ABImageLoader loader_;
+    ABImageLoader loader_;  // none without a picture
     mutable std::once_flag once_;
     mutable UIImageRef image_;
   };

@@ -10,6 +10,7 @@
 
 #include "contacts/testing/PersonBuilder.h"
 #include "hosts/fake/Device.h"
+#include "hosts/fake/uikit/FakePng.h"
 
 namespace zephyl {
 namespace {
@@ -34,8 +35,8 @@ class APContactTest : public ::testing::Test {
         .email("reed@example.org")
         .address({"1 Long Lane", "Pickhurst", "KT", "90210", "Utopia", "ut"})
         .social({"twitter", "ann", "42", "https://example.com/ann"})
-        .photo(test::imageOf({1, 2, 3}))
-        .thumbnail(test::imageOf({4}))
+        .photo(test::imageOf(fake::fakePicture(3, 2)))
+        .thumbnail(test::imageOf(fake::fakePicture(1, 1)))
         .with([](ABPerson& person) {
           person.middleName = "Mary";
           person.creationDate = kBorn;
@@ -58,8 +59,8 @@ TEST_F(APContactTest, EveryBitReadsItsField) {
   EXPECT_EQ(read(4)->company(), "Reed & Co");
   EXPECT_THAT(read(8)->phones(), ElementsAre("+1 (555) 010-99", "555 0200"));
   EXPECT_THAT(read(16)->emails(), ElementsAre("ann@example.com", "reed@example.org"));
-  EXPECT_EQ(read(32)->photo()->file(), (Data{1, 2, 3}));
-  EXPECT_EQ(read(64)->thumbnail()->file(), Data{4});
+  EXPECT_EQ(read(32)->photo()->file(), fake::fakePicture(3, 2));
+  EXPECT_EQ(read(64)->thumbnail()->file(), fake::fakePicture(1, 1));
   EXPECT_THAT(read(128)->phonesWithLabels(), SizeIs(2));
   EXPECT_EQ(read(256)->compositeName(), "Dr Ann Reed");
   EXPECT_THAT(read(512)->addresses(), SizeIs(1));
@@ -167,30 +168,58 @@ TEST_F(APContactTest, LinkedContactsAreNeverThere) {
   EXPECT_EQ(read(APContactFieldAll)->linkedContacts(), nullptr);
 }
 
-TEST_F(APContactTest, APictureIsFetchedOnceAndOnlyWhenItIsAskedFor) {
+TEST_F(APContactTest, APictureIsLookedAtOnceAndFetchedWhenItIsAskedFor) {
   int fetched = 0;
-  auto bytes = std::make_shared<const std::vector<std::uint8_t>>(Data{9});
-  const auto contact = APContact::initWithRecordRef(PersonBuilder(1, "A")
-                                                        .thumbnail([&] {
-                                                          ++fetched;
-                                                          return bytes;
-                                                        })
-                                                        .build(),
-                                                    APContactFieldAll);
+  const auto bytes = std::make_shared<const std::vector<std::uint8_t>>(fake::fakePicture(4, 4));
+  const PersonBuilder person = PersonBuilder(1, "A").thumbnail([&fetched, bytes] {
+    ++fetched;
+    return bytes;
+  });
+  static_cast<void>(APContact::initWithRecordRef(person, APContactFieldPhoto));
   EXPECT_EQ(fetched, 0);
+  const auto contact = APContact::initWithRecordRef(person, APContactFieldAll);
+  EXPECT_EQ(fetched, 1);
+  EXPECT_EQ(bytes.use_count(), 3);  // here, and in the two functions that give it out
+  EXPECT_TRUE(contact->hasThumbnail());
+  EXPECT_FALSE(contact->hasPhoto());
+  EXPECT_EQ(fetched, 1);
   EXPECT_NE(contact->thumbnail(), nullptr);
   EXPECT_EQ(contact->thumbnail(), contact->thumbnail());
-  EXPECT_EQ(fetched, 1);
+  EXPECT_EQ(fetched, 2);
 }
 
-TEST_F(APContactTest, APictureThatCannotBeReadIsNone) {
+TEST_F(APContactTest, WhatIsNoPictureIsNone) {
   const auto contact = APContact::initWithRecordRef(PersonBuilder(1, "A")
                                                         .photo([] { return ABImageData(); })
                                                         .thumbnail(test::imageOf({}))
                                                         .build(),
                                                     APContactFieldAll);
+  EXPECT_FALSE(contact->hasPhoto());
   EXPECT_EQ(contact->photo(), nullptr);
+  EXPECT_FALSE(contact->hasThumbnail());
   EXPECT_EQ(contact->thumbnail(), nullptr);
+  const auto other = APContact::initWithRecordRef(
+      PersonBuilder(1, "A").thumbnail(test::imageOf({1, 2, 3})).build(), APContactFieldAll);
+  EXPECT_FALSE(other->hasThumbnail());
+  EXPECT_EQ(other->thumbnail(), nullptr);
+}
+
+TEST_F(APContactTest, APictureThatIsGoneWhenItIsAskedForIsNone) {
+  auto bytes = std::make_shared<const std::vector<std::uint8_t>>(fake::fakePicture(4, 4));
+  const auto contact = APContact::initWithRecordRef(
+      PersonBuilder(1, "A").photo([&bytes] { return bytes; }).build(), APContactFieldPhoto);
+  bytes = nullptr;
+  EXPECT_TRUE(contact->hasPhoto());
+  EXPECT_EQ(contact->photo(), nullptr);
+}
+
+TEST_F(APContactTest, WithoutAScreenWhatIsThereIsTakenForAPicture) {
+  device_.setHasScreen(false);
+  const auto contact = APContact::initWithRecordRef(
+      PersonBuilder(1, "A").photo(test::imageOf({1})).thumbnail(test::imageOf({})).build(),
+      APContactFieldAll);
+  EXPECT_TRUE(contact->hasPhoto());
+  EXPECT_FALSE(contact->hasThumbnail());
 }
 
 TEST_F(APContactTest, HundredsOfNumbersAndEndlessNamesAreRead) {

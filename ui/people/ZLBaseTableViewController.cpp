@@ -104,7 +104,7 @@ bool ZLBaseTableViewController::shouldEnableCellforContact(const APContact& cont
          (asksFor(APContactFieldPhones) && !contact.phones().empty()) ||
          (asksFor(APContactFieldEmails) && !contact.emails().empty()) ||
          // Kept: a photo is asked for, and a thumbnail looked for.
-         (asksFor(APContactFieldPhoto) && contact.thumbnail() != nullptr) ||
+         (asksFor(APContactFieldPhoto) && contact.hasThumbnail()) ||
          (asksFor(APContactFieldAddresses) && !contact.addresses().empty());
 }
 

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "hosts/fake/uikit/FakePng.h"
 #include "ui/people/PeopleTest.h"
 #include "ui/people/ZLResultsTableViewController.h"
 
@@ -154,8 +155,8 @@ TEST_F(PeopleTableTest, OneOfTheFieldsAskedForIsEnough) {
   const PersonBuilder nothing(1, "Ann");
   const auto phone = PersonBuilder(1, "Ann").phone("1");
   const auto email = PersonBuilder(1, "Ann").email("a");
-  const auto thumbnail = PersonBuilder(1, "Ann").thumbnail(test::imageOf({1}));
-  const auto photo = PersonBuilder(1, "Ann").photo(test::imageOf({1}));
+  const auto thumbnail = PersonBuilder(1, "Ann").thumbnail(test::imageOf(fake::fakePicture(1, 1)));
+  const auto photo = PersonBuilder(1, "Ann").photo(test::imageOf(fake::fakePicture(1, 1)));
   const auto address = PersonBuilder(1, "Ann").address({"", "London", "", "", "", ""});
   EXPECT_TRUE(isEnabled(8, phone));
   EXPECT_FALSE(isEnabled(8, email));
@@ -163,6 +164,7 @@ TEST_F(PeopleTableTest, OneOfTheFieldsAskedForIsEnough) {
   EXPECT_FALSE(isEnabled(16, phone));
   EXPECT_TRUE(isEnabled(32, thumbnail));
   EXPECT_FALSE(isEnabled(32, photo));
+  EXPECT_FALSE(isEnabled(32, PersonBuilder(1, "Ann").thumbnail(test::imageOf({1, 2, 3}))));
   EXPECT_FALSE(isEnabled(64, thumbnail));
   EXPECT_TRUE(isEnabled(512, address));
   EXPECT_TRUE(isEnabled(8 | 512, address));
