@@ -164,6 +164,8 @@ std::int64_t ZLBaseTableViewController::sectionForSectionIndexTitle(UITableView&
   const std::int64_t section =
       LRIndexedCollationWithSearch::currentCollation()->sectionForSectionIndexTitleAtIndex(index);
   if (section == NSNotFound) {
+    // Kept: of the adjusted inset. The table's own one is 0 here, and the bars that lie over the
+    // table would cover the search bar.
     tableView.setContentOffset(
         {tableView.contentOffset().x, -tableView.adjustedContentInset().top});
   }
