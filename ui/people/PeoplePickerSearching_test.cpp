@@ -45,6 +45,13 @@ TEST_F(PeoplePickerSearchingTest, WhoHasEveryWordIsFoundInSections) {
   EXPECT_EQ(shown(), "L:Anna Longman M:Hans Meyer R:Anna Reed");
 }
 
+TEST_F(PeoplePickerSearchingTest, WhatIsFoundCoversThePickerAlone) {
+  beginSearch();
+  type("anna");
+  EXPECT_TRUE(picker_->definesPresentationContext());
+  EXPECT_EQ(resultsScreen().view()->superview(), picker_->view()->superview());
+}
+
 TEST_F(PeoplePickerSearchingTest, AnEmptyTextKeepsEverybodyAndAnEmptyWordNobody) {
   beginSearch();
   type("   ");

@@ -101,6 +101,7 @@ void ZLPeoplePickerViewController::makeSearch() {
   bar->sizeToFit();
   bar->setDelegate(self);
   tableView()->setTableHeaderView(bar);
+  setDefinesPresentationContext(true);
   resultsTableViewController_->tableView()->setDelegate(
       std::static_pointer_cast<UITableViewDelegate>(self));
 }

@@ -95,6 +95,15 @@ std::shared_ptr<UIViewController> UISearchController::screenOfBar() const {
   return nullptr;
 }
 
+std::shared_ptr<UIViewController> UISearchController::screenToCover(
+    std::shared_ptr<UIViewController> screen) {
+  while (screen != nullptr && !screen->definesPresentationContext() &&
+         screen->parentViewController() != nullptr) {
+    screen = screen->parentViewController();
+  }
+  return screen;
+}
+
 // The screen below has gone: what lies over it goes along.
 void UISearchController::viewDidDisappear(bool animated) {
   UIViewController::viewDidDisappear(animated);
@@ -103,7 +112,8 @@ void UISearchController::viewDidDisappear(bool animated) {
 
 void UISearchController::showResults() {
   const auto host = screenOfBar();
-  UIView* const around = host == nullptr ? nullptr : host->view()->superview();
+  const auto covered = screenToCover(host);
+  UIView* const around = covered == nullptr ? nullptr : covered->view()->superview();
   if (results_ == nullptr || around == nullptr || showsResults()) {
     return;
   }
@@ -112,14 +122,14 @@ void UISearchController::showResults() {
   host->addChildViewController(shared_from_this());
   addChildViewController(results_);
   const auto& view = results_->view();
-  const CGRect area = host->view()->frame();
+  const CGRect area = covered->view()->frame();
   const CGRect bar = bar_->convertRectToView(bar_->bounds(), around);
   const CGFloat top = std::min(bar.maxY(), area.maxY());
   view->setFrame(CGRectMake(area.x(), top, area.width(), area.maxY() - top));
   view->setAutoresizingMask(kFlexibleWidth | kFlexibleHeight);
   beginAppearanceTransition(/*appearing=*/true, /*animated=*/false);
   const auto& siblings = around->subviews();
-  const auto below = std::ranges::find(siblings, host->view());
+  const auto below = std::ranges::find(siblings, covered->view());
   around->insertSubview(view, static_cast<std::size_t>(below - siblings.begin()) + 1);
   endAppearanceTransition();
   results_->didMoveToParentViewController(this);

@@ -1,5 +1,6 @@
 // Searching what a screen shows: a bar for the text, and a second screen with what was found, over
-// the first one below the bar while there is a text. Main thread.
+// the first one below the bar while there is a text. What it covers is that screen, or the nearest
+// one around it, that defines the presentation context; else the outermost. Main thread.
 //
 // The first screen is never dimmed. It is the one that the bar is on; while results are shown it
 // does not scroll, so that the bar stays.
@@ -58,6 +59,8 @@ class ZP_EXPORT UISearchController : public UIViewController, private UISearchBa
   void hideResults();
   // The screen that the bar is on; null when it is on none.
   [[nodiscard]] std::shared_ptr<UIViewController> screenOfBar() const;
+  [[nodiscard]] static std::shared_ptr<UIViewController> screenToCover(
+      std::shared_ptr<UIViewController> screen);
   // Brings the bar to the top of what scrolls around it, and holds that there, or lets it go.
   void holdBar(bool held);
 

@@ -163,6 +163,25 @@ TEST_F(SearchTest, ResultsAreShownBelowTheBarWhileThereIsAText) {
   EXPECT_EQ(results_->parentViewController(), nullptr);
 }
 
+TEST_F(SearchTest, ResultsCoverTheScreenThatDefinesThePresentationContext) {
+  screen_->setDefinesPresentationContext(true);
+  tapField();
+  type("a");
+  EXPECT_EQ(results_->view()->superview(), scroll_->superview());
+  EXPECT_EQ(frameInWindow(*results_->view()), CGRectMake(0, 147, 390, 844 - 147));
+}
+
+TEST_F(SearchTest, WithoutOneThatDoesResultsCoverTheOutermostScreen) {
+  tapField();
+  type("a");
+  EXPECT_EQ(results_->view()->superview(), navigation_->view()->superview());
+  type("");
+  EXPECT_EQ(results_->view()->superview(), nullptr);
+  navigation_->setDefinesPresentationContext(true);
+  type("a");
+  EXPECT_EQ(results_->view()->superview(), navigation_->view()->superview());
+}
+
 TEST_F(SearchTest, TheBarComesToTheTopAndStaysThere) {
   scroll_->setContentOffset({0, -60});
   search_->setActive(true);

@@ -49,13 +49,11 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   virtual void viewDidAppear(bool /*animated*/) {}
   virtual void viewWillDisappear(bool /*animated*/) {}
   virtual void viewDidDisappear(bool /*animated*/) {}
-  // Around each layout of the view.
-  virtual void viewWillLayoutSubviews() {}
+  virtual void viewWillLayoutSubviews() {}  // the two around each layout of the view
   virtual void viewDidLayoutSubviews() {}
 
   [[nodiscard]] const std::string& title() const { return title_; }
-  // The title of the navigation item too.
-  virtual void setTitle(const std::string& title);
+  virtual void setTitle(const std::string& title);  // the navigation item's too
   // Made at the first call, with the title.
   const std::shared_ptr<UINavigationItem>& navigationItem();
   [[nodiscard]] bool isEditing() const { return editing_; }
@@ -78,12 +76,10 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   void endAppearanceTransition();
   [[nodiscard]] bool isAppearing() const { return appearance_ == Appearance::kAppearing; }
   [[nodiscard]] bool hasAppeared() const { return appearance_ == Appearance::kAppeared; }
-  // What covers the edges of the view.
-  [[nodiscard]] UIEdgeInsets safeAreaInsets() const;
+  [[nodiscard]] UIEdgeInsets safeAreaInsets() const;  // what covers the edges of the view
   [[nodiscard]] UILayoutGuide topLayoutGuide() const { return {safeAreaInsets().top}; }
   [[nodiscard]] UILayoutGuide bottomLayoutGuide() const { return {safeAreaInsets().bottom}; }
-  // The guides came with version 7.
-  [[nodiscard]] static bool respondsToTopLayoutGuide();
+  [[nodiscard]] static bool respondsToTopLayoutGuide();  // since version 7
   [[nodiscard]] virtual UIEdgeInsets safeAreaInsetsForChild(const UIViewController& child) const;
 
   // Presentation, by the outermost container that this screen is in, which must be in a window. A
@@ -99,6 +95,9 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   void abandonPresented();  // For windows: it is gone at once, and nobody is told.
   [[nodiscard]] UIModalPresentationStyle modalPresentationStyle() const { return style_; }
   void setModalPresentationStyle(UIModalPresentationStyle style) { style_ = style; }
+  // Whether what a search within this screen finds covers it alone, and nothing around it.
+  [[nodiscard]] bool definesPresentationContext() const { return definesContext_; }
+  void setDefinesPresentationContext(bool defines) { definesContext_ = defines; }
   // How this screen comes and goes when it is presented.
   [[nodiscard]] virtual std::shared_ptr<UIPresentationController> makePresentationController();
 
@@ -144,6 +143,7 @@ class ZP_EXPORT UIViewController : public std::enable_shared_from_this<UIViewCon
   bool appearanceAnimated_ = false;
   bool loading_ = false;
   bool editing_ = false;
+  bool definesContext_ = false;
 };
 
 }  // namespace zephyl
