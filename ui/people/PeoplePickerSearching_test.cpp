@@ -126,6 +126,14 @@ TEST_F(PeoplePickerSearchingTest, ASavedSearchComesBackOnce) {
   EXPECT_FALSE(picker_->searchController()->isActive());
 }
 
+TEST_F(PeoplePickerSearchingTest, ASavedSearchThatWasNotEditedComesBackWithoutTheFocus) {
+  picker_->setSearchControllerWasActive(true);
+  picker_->viewDidAppear(/*animated=*/false);
+  EXPECT_TRUE(picker_->searchController()->isActive());
+  EXPECT_FALSE(searchBar().isFirstResponder());
+  EXPECT_FALSE(searchBar().showsCancelButton());
+}
+
 TEST_F(PeoplePickerSearchingTest, WithoutASavedSearchNothingComesBack) {
   picker_->setSearchControllerSearchFieldWasFirstResponder(true);
   picker_->viewDidAppear(/*animated=*/false);

@@ -124,9 +124,10 @@ void ZLPeoplePickerViewController::viewDidAppear(bool animated) {
   if (!std::exchange(wasActive_, false)) {
     return;
   }
+  // Which takes the focus along.
   searchController_->setActive(true);
-  if (std::exchange(fieldWasFirstResponder_, false)) {
-    searchController_->searchBar()->becomeFirstResponder();
+  if (!std::exchange(fieldWasFirstResponder_, false)) {
+    searchController_->searchBar()->resignFirstResponder();
   }
 }
 
