@@ -34,6 +34,8 @@ constexpr char kCards[] =
     "BEGIN:VCARD\nVERSION:3.0\nN:\u00c4rm;\u00c9lise;;;\nFN:\u00c9lise "
     "\u00c4rm\nTEL:2\nEND:VCARD\n";
 
+constexpr char kListed[] = "A:\u00c9lise \u00c4rm R:Ann Reed";
+
 class Returned : public ZLPeoplePickerViewControllerDelegate {
  public:
   void didReturnWithSelectedPeople(ZLPeoplePickerViewController& /*picker*/,
@@ -51,7 +53,7 @@ class PeoplePickerOnLinux : public ::testing::Test {
     places_.contacts = {folder_.path() + "/people.vcf"};
     places_.device = folder_.path() + "/device";
     data_.emplace(places_,
-                  UserData::Reports{[](const std::string&) {},
+                  UserData::Reports{[this](const std::string& message) { bad_.push_back(message); },
                                     [](const std::string&, const std::vector<std::string>&) {}});
   }
   ~PeoplePickerOnLinux() override { stop(); }
@@ -94,6 +96,9 @@ class PeoplePickerOnLinux : public ::testing::Test {
     }
     return nullptr;
   }
+  std::string listed() {
+    return test::namesIn(picker_->partitionedContacts(), host().collation().sectionTitles());
+  }
   bool waitFor(const std::function<bool()>& condition) {
     return linux_host::runUntil([&] {
       window_->layoutWindow();
@@ -107,6 +112,7 @@ class PeoplePickerOnLinux : public ::testing::Test {
 
   contract::TemporaryFolder folder_;
   Places places_;
+  std::vector<std::string> bad_;
   std::optional<UserData> data_;
   std::optional<linux_host::LinuxDevice> device_;
   std::shared_ptr<UIViewController> root_ = std::make_shared<UIViewController>();
@@ -138,17 +144,60 @@ TEST_F(PeoplePickerOnLinux, SectionsAreByTheNameThatIsAskedFor) {
     const char* sections;
   };
   for (const Case& each :
-       {Case{ABPersonSortOrdering::kByLastName, "A:\u00c9lise \u00c4rm R:Ann Reed"},
+       {Case{ABPersonSortOrdering::kByLastName, kListed},
         Case{ABPersonSortOrdering::kByFirstName, "A:Ann Reed E:\u00c9lise \u00c4rm"}}) {
     SourceOptions sources;
     sources.sortNames = each.ordering;
     start(sources);
     present();
     ASSERT_TRUE(waitFor([&] { return cellOf("Ann Reed") != nullptr; }));
-    EXPECT_EQ(test::namesIn(picker_->partitionedContacts(), host().collation().sectionTitles()),
-              each.sections);
+    EXPECT_EQ(listed(), each.sections);
     stop();
   }
+}
+
+TEST_F(PeoplePickerOnLinux, ItMayGoWhileALoadRunsAndIsReleased) {
+  start();
+  for (int time = 0; time < 5; ++time) {
+    present();
+    ASSERT_TRUE(waitFor([&] { return picker_->hasAppeared(); }));
+    bool ended = false;
+    picker_->reloadData([&](bool success) { ended = success; });
+    root_->dismissViewControllerAnimated(/*animated=*/false);
+    const std::weak_ptr<UIViewController> weak = picker_;
+    picker_ = nullptr;
+    EXPECT_TRUE(waitFor([&] { return ended && weak.expired(); }));
+  }
+}
+
+TEST_F(PeoplePickerOnLinux, WithoutAccessFromTheStartItIsEmptyUntilTheFileIsThere) {
+  std::filesystem::remove(folder_.path() + "/people.vcf");
+  start();
+  data_->watchPeople();
+  present();
+  std::optional<bool> success;
+  picker_->reloadData([&](bool loaded) { success = loaded; });
+  ASSERT_TRUE(waitFor([&] { return success.has_value() && picker_->hasAppeared(); }));
+  EXPECT_FALSE(*success);
+  EXPECT_EQ(listed(), "");
+  folder_.put("/people.vcf", kCards);
+  EXPECT_TRUE(waitFor([&] { return listed() == kListed; })) << listed();
+}
+
+TEST_F(PeoplePickerOnLinux, WhenASourceFailsItsPeopleStayListedAndTicked) {
+  start();
+  data_->watchPeople();
+  present();
+  ASSERT_TRUE(waitFor([&] { return cellOf("Ann Reed") != nullptr; }));
+  picker_->selectedPeople()->add(std::int64_t{data_->people()[0]->recordID});
+  std::filesystem::remove(folder_.path() + "/people.vcf");
+  EXPECT_TRUE(waitFor([&] { return !bad_.empty(); }));
+  std::optional<bool> success;
+  picker_->reloadData([&](bool loaded) { success = loaded; });
+  ASSERT_TRUE(waitFor([&] { return success.has_value(); }));
+  EXPECT_TRUE(*success);
+  EXPECT_EQ(listed(), kListed);
+  EXPECT_TRUE(isTicked("Ann Reed"));
 }
 
 }  // namespace

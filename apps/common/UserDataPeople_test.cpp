@@ -1,9 +1,11 @@
 // The user's people on a device of Linux: adding one, and changes of the files.
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -178,6 +180,31 @@ TEST_F(UserDataPeople, WhoHasNoNameIsNotAmongTheContactsOfTheProcess) {
   ASSERT_NE(contacts->contacts(), nullptr);
   ASSERT_EQ(contacts->contacts()->size(), 1U);
   EXPECT_EQ(contacts->contacts()->front()->compositeName(), "Ann Reed");
+}
+
+TEST_F(UserDataPeople, LoadsOfOneLoaderNeverOverlap) {
+  start();
+  APAddressBook loader;
+  std::atomic<int> inside = 0;
+  std::atomic<bool> overlaps = false;
+  int ended = 0;
+  loader.setFilterBlock([&](const APContact&) {
+    overlaps = overlaps || ++inside > 1;
+    // Time for another thread to come in.
+    for (int turn = 0; turn < 5; ++turn) {
+      std::this_thread::yield();
+    }
+    --inside;
+    return true;
+  });
+  for (int load = 0; load < 20; ++load) {
+    loader.loadContacts([&](const APAddressBook::Contacts& contacts, const NSError*) {
+      EXPECT_EQ(contacts->size(), 2U);
+      ++ended;
+    });
+  }
+  EXPECT_TRUE(device_->queues().runMainUntil([&] { return ended == 20; }, 60s));
+  EXPECT_FALSE(overlaps);
 }
 
 TEST_F(UserDataPeople, ASourceThatCannotBeReadRefusesContactsWithItsName) {

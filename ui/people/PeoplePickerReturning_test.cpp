@@ -80,6 +80,29 @@ TEST_F(PeoplePickerReturningTest, GoingBackHandsOverToo) {
   EXPECT_THAT(numbers(listener_->returned[0]), ElementsAre(2));
 }
 
+TEST_F(PeoplePickerReturningTest, AnotherParentThanItsOwnIsHandedOverToo) {
+  present();
+  UIViewController other;
+  picker_->didMoveToParentViewController(picker_->parentViewController().get());
+  EXPECT_THAT(listener_->returned, IsEmpty());
+  picker_->didMoveToParentViewController(&other);
+  EXPECT_THAT(listener_->returned, SizeIs(1));
+}
+
+TEST_F(PeoplePickerReturningTest, MovingIntoAnotherContainerHandsOverOnce) {
+  const auto first = std::make_shared<UIViewController>();
+  const auto second = std::make_shared<UIViewController>();
+  picker_ = std::make_shared<ZLPeoplePickerViewController>();
+  picker_->setDelegate(listener_);
+  first->addChildViewController(picker_);
+  picker_->didMoveToParentViewController(first.get());
+  EXPECT_THAT(listener_->returned, IsEmpty());
+  second->addChildViewController(picker_);
+  picker_->didMoveToParentViewController(second.get());
+  EXPECT_EQ(picker_->parentViewController(), second);
+  EXPECT_THAT(listener_->returned, SizeIs(1));
+}
+
 TEST_F(PeoplePickerReturningTest, WithoutADelegateDoneOnlyDismisses) {
   present();
   listener_ = nullptr;

@@ -103,6 +103,26 @@ TEST_F(PeoplePickerSearchingTest, CancelIsShownWhileTheBarIsEdited) {
   EXPECT_FALSE(searchBar().showsCancelButton());
 }
 
+TEST_F(PeoplePickerSearchingTest, CancelIsShownAgainWhenEditingBeginsAgain) {
+  beginSearch();
+  type("anna");
+  searchBar().resignFirstResponder();
+  settle();
+  EXPECT_TRUE(picker_->searchController()->isActive());
+  EXPECT_FALSE(searchBar().showsCancelButton());
+  beginSearch();
+  EXPECT_TRUE(searchBar().isFirstResponder());
+  EXPECT_TRUE(searchBar().showsCancelButton());
+  EXPECT_EQ(found(), "L:Anna Longman R:Anna Reed");
+}
+
+TEST_F(PeoplePickerSearchingTest, CancelOfAnyBarEndsItsEditing) {
+  UISearchBar& bar = searchBar();
+  bar.becomeFirstResponder();
+  picker_->searchBarCancelButtonClicked(bar);
+  EXPECT_FALSE(bar.isFirstResponder());
+}
+
 TEST_F(PeoplePickerSearchingTest, CancelEndsEditing) {
   beginSearch();
   type("anna");

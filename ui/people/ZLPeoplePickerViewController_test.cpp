@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/uikit/controllers/UINavigationBar.h"
 #include "platform/uikit/tables/UIRefreshControl.h"
 
 #include "ui/people/PeopleTest.h"
@@ -98,6 +99,40 @@ TEST_F(PeoplePickerTest, TheSearchBarIsTheHeaderOfTheTable) {
   EXPECT_EQ(searchBar().bounds().size.height, 56);
 }
 
+TEST_F(PeoplePickerTest, ItIsASheetFromVersion13OnAndFillsTheScreenBefore) {
+  struct Case {
+    const char* version;
+    CGRect frame;
+  };
+  for (const Case& each :
+       {Case{"12.4", CGRectMake(0, 0, 390, 844)}, Case{"13.0", CGRectMake(0, 57, 390, 787)}}) {
+    device_.device().setSystemVersion(each.version);
+    present();
+    EXPECT_EQ(picker_->navigationController()->view()->frame(), each.frame) << each.version;
+    EXPECT_EQ(searchBar().bounds().size, (CGSize{390, 56})) << each.version;
+    const UINavigationBar& top = *picker_->navigationController()->navigationBar();
+    EXPECT_EQ(searchBar().convertRectToView(searchBar().bounds(), nullptr).y(),
+              top.convertRectToView(top.bounds(), nullptr).maxY())
+        << each.version;
+    root_->dismissViewControllerAnimated(/*animated=*/false);
+    settle();
+  }
+}
+
+TEST_F(PeoplePickerTest, OnAPadItIsACardInTheMiddle) {
+  device_.device().setSystemVersion("13.0");
+  device_.device().setUserInterfaceIdiom(UIUserInterfaceIdiom::kPad);
+  window_->setFrame(CGRectMake(0, 0, 1024, 768));
+  present();
+  const CGRect frame = picker_->navigationController()->view()->frame();
+  EXPECT_EQ(frame.width(), 704);
+  EXPECT_EQ(frame.x(), 160);
+  EXPECT_EQ(shown(), "A:Bob Ash R:Ann Reed,Zoe Reed");
+  EXPECT_EQ(searchBar().bounds().size.width, 704);
+  tapRow("Ann Reed");
+  EXPECT_TRUE(isTicked("Ann Reed"));
+}
+
 TEST_F(PeoplePickerTest, PeopleOfTheProcessAreShownBeforeAFreshLoadEnds) {
   ZLPeoplePickerViewController::initializeAddressBook();
   settle();
@@ -108,6 +143,17 @@ TEST_F(PeoplePickerTest, PeopleOfTheProcessAreShownBeforeAFreshLoadEnds) {
   EXPECT_EQ(shown(), "A:Bob Ash R:Ann Reed,Zoe Reed");
   settle();
   EXPECT_EQ(shown(), "A:Bob Ash C:Cid R:Ann Reed,Zoe Reed");
+}
+
+TEST_F(PeoplePickerTest, WithoutAccessFromTheStartItIsEmptyUntilThereIs) {
+  device_.people().setAuthorizationStatus(ABAuthorizationStatus::kDenied);
+  present();
+  EXPECT_EQ(shown(), "");
+  EXPECT_EQ(table().numberOfSections(), 0);
+  device_.people().setAuthorizationStatus(ABAuthorizationStatus::kAuthorized);
+  device_.people().announceExternalChange();
+  settle();
+  EXPECT_EQ(shown(), "A:Bob Ash R:Ann Reed,Zoe Reed");
 }
 
 TEST_F(PeoplePickerTest, AChangeOfTheAddressBookIsShown) {
@@ -199,6 +245,30 @@ TEST_F(PeoplePickerTest, WhoCannotBePickedIsNotTicked) {
   EXPECT_THAT(listener_->log, IsEmpty());
   tapRow("Ann Reed");
   EXPECT_THAT(numbers(*picker_->selectedPeople()), ElementsAre(2));
+}
+
+TEST_F(PeoplePickerTest, ARowThatCannotBePickedDoesNotStaySelected) {
+  present();
+  picker_->setFiledMask(APContactFieldPhones);
+  tapRow("Bob Ash");
+  EXPECT_EQ(table().indexPathForSelectedRow(), std::nullopt);
+}
+
+TEST_F(PeoplePickerTest, ARowIsDeselectedWithAnimation) {
+  present();
+  const auto path = pathOf(*picker_, "Ann Reed");
+  ASSERT_TRUE(path);
+  table().selectRowAtIndexPath(*path, /*animated=*/false, UITableViewScrollPosition::kNone);
+  settle();
+  // A row without a record id ends there: nothing is reloaded over the fading.
+  const APContactRef nobody = APContact::initWithRecordRef(
+      PersonBuilder(2, "Ann", "Reed").build(), APContactFieldFirstName | APContactFieldLastName);
+  picker_->partitionedContacts()[static_cast<std::size_t>(path->section)]
+                                [static_cast<std::size_t>(path->row)] = nobody;
+  EXPECT_FALSE(device_.uikit()->displayLink().isFrameRequested());
+  picker_->didSelectRowAtIndexPath(table(), *path);
+  EXPECT_EQ(table().indexPathForSelectedRow(), std::nullopt);
+  EXPECT_TRUE(device_.uikit()->displayLink().isFrameRequested());
 }
 
 TEST_F(PeoplePickerTest, TicksStayWhenTheAddressBookChanges) {
