@@ -17,6 +17,7 @@
 #include "apps/common/DeviceLock.h"
 #include "apps/common/Favorites.h"
 #include "hosts/common/FilteredConversationList.h"
+#include "hosts/linux/FileContents.h"
 #include "hosts/linux/LinuxDevice.h"
 #include "hosts/linux/contacts/ContactSources.h"
 #include "hosts/linux/contacts/ContactStamps.h"
@@ -24,7 +25,6 @@
 #include "hosts/linux/contacts/HomeRegion.h"
 #include "hosts/linux/contacts/PhoneFormatter.h"
 #include "hosts/linux/contacts/VCardWriter.h"
-#include "hosts/linux/contacts/WholeFile.h"
 #include "hosts/linux/messages/MessagesDatabase.h"
 #include "hosts/linux/sources/ConversationFacts.h"
 #include "hosts/linux/sources/LinuxAddressBook.h"
@@ -60,14 +60,9 @@ std::vector<ABFavoritesEntry> readFavoritesOfDevice() {
 }
 
 // The reason when that fails.
-std::optional<std::string> putBack(const std::filesystem::path& file,
-                                   const linux_host::WholeFile& before) {
-  if (before.exists) {
-    return linux_host::replaceWhole(file, before.bytes);
-  }
-  std::error_code error;
-  std::filesystem::remove(file, error);
-  return error ? std::optional(error.message()) : std::nullopt;
+linux_host::FileFailure putBack(const std::string& file, const linux_host::FileReading& before) {
+  return before.contents ? linux_host::replaceFile(linux_host::behindLinks(file), *before.contents)
+                         : linux_host::removeFile(file);
 }
 
 bool ruleShows(const ZephylRef& group, const CKConversationRef& conversation) {
@@ -109,7 +104,8 @@ ABPersonRef UserData::addPerson(const ABPerson& person, NSError& error) {
   };
   try {
     const DeviceLock lock(places_.device);
-    const linux_host::WholeFile before = linux_host::readWhole(places_.addedPeople());
+    const std::string file = places_.addedPeople().string();
+    const linux_host::FileReading before = linux_host::readWholeFile(file);
     if (const auto failure = linux_host::appendVCard(places_.addedPeople(), added)) {
       return fail(*failure);
     }
@@ -118,9 +114,9 @@ ABPersonRef UserData::addPerson(const ABPerson& person, NSError& error) {
       return found;
     }
     // Else each further try would add the card once more.
-    const auto left = putBack(places_.addedPeople(), before);
+    const auto left = putBack(file, before);
     return fail(
-        places_.addedPeople().string() +
+        file +
         (left ? ": the person was written and cannot be read; taking that back failed: " + *left
               : ": the person cannot be read from this file"));
   } catch (const CommandError& reason) {
