@@ -85,6 +85,13 @@ void removeOwnViews(UITableViewCell& cell, const UIView* header, std::int64_t ke
   }
 }
 
+// What follows the width of a row must come into it when the row has its own: later it would grow
+// by what an accessory took, or by what a new cell lacked.
+void layOutWithoutAccessory(UITableViewCell& cell) {
+  cell.setNeedsLayout();
+  cell.layoutIfNeeded();
+}
+
 std::string footerText(const Zephyl& zephyl, std::int64_t section) {
   if (section == kHidingSection) {
     return zpLocalizedText(
@@ -154,6 +161,7 @@ std::shared_ptr<UITableViewCell> ZephylViewController::cellForRowAtIndexPath(
   cell->textLabel()->setText("");
   cell->setAccessoryView(nullptr);
   cell->setAccessoryType(UITableViewCellAccessoryType::kNone);
+  layOutWithoutAccessory(*cell);
   cell->contentView()->addSubview(headerView());
   cell->setSelectionStyle(UITableViewCellSelectionStyle::kNone);
   return cell;
@@ -239,6 +247,7 @@ void ZephylViewController::Rows::configureMaskedMessage(ZephylViewController& sc
   auto field = std::dynamic_pointer_cast<ZPFloatingLabeledTextField>(
       cell.contentView()->viewWithTag(kMaskedMessageTag));
   if (field == nullptr) {
+    layOutWithoutAccessory(cell);
     const CGRect frame = cell.frame();
     const CGFloat width = frame.width() - kFieldX;
     field = std::make_shared<ZPFloatingLabeledTextField>(CGRectMake(
