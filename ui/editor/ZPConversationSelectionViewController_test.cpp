@@ -187,6 +187,20 @@ TEST_F(ConversationPicker, ARowOfAnotherClassIsNeverMarked) {
   }
 }
 
+TEST_F(ConversationPicker, MarksAreShownOnTheCellsOfEveryRelease) {
+  for (const std::string version : {"12.0", "13.0", "14.0"}) {
+    device_.device().setSystemVersion(version);
+    open({"SMS;-;sam"});
+    EXPECT_STREQ(picker_->tableView()->cellForRowAtIndexPath({0, 0})->className(),
+                 version >= "13" ? "CKConversationListStandardCell" : "CKConversationListCell");
+    EXPECT_EQ(marks(), "-x-") << version;
+    tapRow(0);
+    EXPECT_EQ(marks(), "xx-") << version;
+    opener_->dismissViewControllerAnimated(/*animated=*/false);
+    settle();
+  }
+}
+
 TEST_F(ConversationPicker, WithoutConversationsThereAreNoMarks) {
   open({"iMessage;-;robin"});
   device_.conversationList().setConversations({});

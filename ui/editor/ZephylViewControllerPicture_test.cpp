@@ -147,13 +147,17 @@ TEST_F(EditorPicture, ThePickerStaysOnAPad) {
 }
 
 TEST_F(EditorPicture, BeforeVersionTwelveItIsAFileOfItsOwnSize) {
-  edit(group(GroupBuilder(7, "Family")));
-  set(picture());
-  const auto file = device_.files().contentsAtPath(kFile);
-  ASSERT_TRUE(file.has_value());
-  EXPECT_TRUE(file->starts_with("\x89PNG"));
-  EXPECT_EQ(fake::pictureSize(Data(file->begin(), file->end()))->width, 6U);
-  EXPECT_TRUE(device_.messagingCenter().sent().empty());
+  for (const char* version : {"6.0", "7.0", "8.0", "8.3", "9.0", "10.0", "11.4"}) {
+    device_.device().setSystemVersion(version);
+    device_.files().put(kFile, "old");
+    edit(group(GroupBuilder(7, "Family")));
+    set(picture());
+    const auto file = device_.files().contentsAtPath(kFile);
+    ASSERT_TRUE(file.has_value());
+    EXPECT_TRUE(file->starts_with("\x89PNG")) << version;
+    EXPECT_EQ(fake::pictureSize(Data(file->begin(), file->end()))->width, 6U);
+    EXPECT_TRUE(device_.messagingCenter().sent().empty()) << version;
+  }
 }
 
 TEST_F(EditorPicture, ThePicturesFolderIsMadeWhenItIsMissing) {

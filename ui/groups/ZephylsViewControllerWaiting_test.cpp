@@ -138,6 +138,51 @@ TEST_F(GroupListWaitingTest, DonePressedTwiceAsksAndAddsOnce) {
   EXPECT_TRUE(isClosed());
 }
 
+// Kept: nothing is collected then; the store is asked all the same.
+TEST_F(GroupListWaitingTest, WithoutBiometricsTheUnchangedGroupsAreSavedAndPosted) {
+  manageSome();
+  device_.authentication().setAvailable(false);
+  edit();
+  mark({2});
+  int posted = 0;
+  NSNotificationCenter::defaultCenter()->addObserver(
+      &posted, kZephylDeletedNotification, [&posted](const NSNotification&) { ++posted; });
+  const std::size_t before = device_.messagingCenter().sent().size();
+  press(right());
+  NSNotificationCenter::defaultCenter()->removeObserver(&posted);
+  EXPECT_EQ(posted, 1);
+  EXPECT_EQ(device_.messagingCenter().sent().size(), before + 1);
+  EXPECT_EQ(titles(1).size(), 4U);
+}
+
+TEST_F(GroupListWaitingTest, EditTakesEffectOnTheMainQueue) {
+  manageSome();
+  EXPECT_TRUE(right().performAction());
+  EXPECT_FALSE(table().isEditing());
+  device_.dispatch().runMain();
+  EXPECT_TRUE(table().isEditing());
+}
+
+TEST_F(GroupListWaitingTest, AGroupThatIsSwipedAwayGoesOnTheMainQueueAfterTheCheck) {
+  manageSome();
+  screen_->commitEditingStyle(table(), UITableViewCellEditingStyle::kDelete, {1, 0});
+  device_.authentication().answer(/*success=*/true);
+  EXPECT_NE(stored(2), nullptr);
+  device_.dispatch().runMain();
+  EXPECT_EQ(stored(2), nullptr);
+}
+
+TEST_F(GroupListWaitingTest, ACheckThatFailsWhileSwipingIsToldAndDeletesNothing) {
+  manageSome();
+  screen_->commitEditingStyle(table(), UITableViewCellEditingStyle::kDelete, {1, 0});
+  cancelFinger();
+  EXPECT_EQ(alert(), nullptr);
+  screen_->commitEditingStyle(table(), UITableViewCellEditingStyle::kDelete, {1, 0});
+  answerFinger(/*success=*/false);
+  EXPECT_EQ(alertText(), "Error: Unable to verify your identity.");
+  EXPECT_NE(stored(2), nullptr);
+}
+
 TEST_F(GroupListWaitingTest, MarksStayWithTheirGroupsWhenTheListIsMadeAnew) {
   manageSome();
   edit();
