@@ -7,6 +7,7 @@
 #include "platform/Host.h"
 #include "platform/addressbook/ABAddressBook.h"
 #include "platform/foundation/Utf8.h"
+#include "platform/foundation/Utf8Cluster.h"
 #include "platform/uikit/text/UIImageView.h"
 #include "platform/uikit/text/UILabel.h"
 
@@ -36,12 +37,12 @@ bool isLetter(char32_t codePoint) {
          (codePoint >= 'a' && codePoint <= 'z');
 }
 
-// The letter that the word begins with; empty for another character.
+// The letter or picture that the word begins with, whole; empty for another character.
 std::string firstLetter(std::string_view word) {
   const Utf8Character first = utf8CharacterAt(word, 0);
   return first.length == 0 || !isLetter(first.codePoint)
              ? std::string()
-             : std::string(word.substr(0, first.length));
+             : std::string(word.substr(0, utf8ClusterLength(word, 0)));
 }
 
 // The only other one; null for a group and for somebody who is not known.

@@ -48,16 +48,21 @@ class Avatar : public ::testing::Test {
 };
 
 TEST_F(Avatar, InitialsAreOfTheFirstAndTheLastWordWithALetter) {
-  const std::pair<const char*, const char*> kCases[] = {{"Robin Vale", "RV"},
-                                                        {"Robin", "R"},
-                                                        {"Robin von der Vale", "RV"},
-                                                        {"Äda Öz", "ÄÖ"},
-                                                        {"田中 太郎", "田太"},
-                                                        {"+1 555 0100", ""},
-                                                        {"", ""},
-                                                        {"  Robin  (2) ", "R"},
-                                                        {"\xff\xfe x", "x"},
-                                                        {"ليلى النعناع", "ل"}};
+  const std::pair<const char*, const char*> kCases[] = {
+      {"Robin Vale", "RV"},
+      {"Robin", "R"},
+      {"Robin von der Vale", "RV"},
+      {"Äda Öz", "ÄÖ"},
+      {"田中 太郎", "田太"},
+      {"+1 555 0100", ""},
+      {"", ""},
+      {"  Robin  (2) ", "R"},
+      {"\xff\xfe x", "x"},
+      {"ليلى النعناع", "ل"},
+      {"E\u0301lise Vale", "E\u0301V"},
+      {"👨‍👩‍👧 Vale", "👨‍👩‍👧V"},
+      {"🇩🇪🇫🇷", "🇩🇪"},
+      {"Robin 👍🏽!", "R👍🏽"}};
   for (const auto& [name, initials] : kCases) {
     EXPECT_EQ(CKAvatarView::initialsOfName(name), initials) << name;
   }
