@@ -3,6 +3,8 @@
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
+#include "hosts/linux/screen/EmojiRanges.h"
+
 namespace zephyl::linux_host {
 
 namespace {
@@ -18,12 +20,20 @@ TextBlock lineOf(AttributedText text, bool rightToLeft, CGFloat width) {
   return block;
 }
 
-// Where characters begin as the user sees them, both ends included.
+// Where characters begin as the user sees them, both ends included. Qt parts some emoji of several
+// signs, such as families and flags of regions.
 std::vector<int> boundaries(const QString& text) {
+  const std::vector<TextRange> emoji = emojiRanges(text);
+  auto range = emoji.begin();
   std::vector<int> result = {0};
   QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
   for (auto at = finder.toNextBoundary(); at > 0; at = finder.toNextBoundary()) {
-    result.push_back(static_cast<int>(at));
+    while (range != emoji.end() && range->start + range->length <= at) {
+      ++range;
+    }
+    if (range == emoji.end() || at <= range->start) {
+      result.push_back(static_cast<int>(at));
+    }
   }
   return result;
 }

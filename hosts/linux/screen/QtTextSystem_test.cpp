@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <limits>
+#include <set>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -85,6 +87,30 @@ TEST_F(QtTextSystemTest, AsMuchIsShownAsFits) {
       EXPECT_LE(line->size().width, width);
       EXPECT_GT(line->size().width, width - 40) << static_cast<int>(mode) << " " << width;
     }
+  }
+}
+
+// A family, a flag, a region's flag, a thumb with a skin tone, a rainbow flag.
+TEST_F(QtTextSystemTest, EmojiOfSeveralSignsAreShownWholeOrNotAtAll) {
+  const std::vector<std::string> emoji = {
+      "\U0001F468\u200d\U0001F469\u200d\U0001F467\u200d\U0001F466", "\U0001F1E9\U0001F1EA",
+      "\U0001F3F4\U000E0067\U000E0062\U000E0073\U000E0063\U000E0074\U000E007F",
+      "\U0001F44D\U0001F3FD", "\U0001F3F3\ufe0f\u200d\U0001F308"};
+  std::string text;
+  std::set<std::string> whole = {kEllipsis};
+  for (int round = 0; round < 4; ++round) {
+    for (const std::string& each : emoji) {
+      text += each;
+      whole.insert(text + kEllipsis);
+    }
+  }
+  std::set<std::string> seen;
+  for (CGFloat width = 20; width < 300; width += 7) {
+    seen.insert(shown(text, oneLine(NSLineBreakMode::kTruncatingTail, width)));
+  }
+  EXPECT_GT(seen.size(), 5U);
+  for (const std::string& each : seen) {
+    EXPECT_TRUE(whole.contains(each)) << each;
   }
 }
 
