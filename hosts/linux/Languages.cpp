@@ -135,6 +135,23 @@ std::string languageTag(const std::string& localeName) {
   return language + (script.empty() ? "" : "-" + script) + (region.empty() ? "" : "-" + region);
 }
 
+bool isRightToLeft(const std::string& tag) {
+  constexpr auto kScripts = std::to_array<std::string_view>(
+      {"arab", "aran", "hebr", "thaa", "syrc", "nkoo", "adlm", "rohg", "samr", "mand"});
+  constexpr auto kLanguages =
+      std::to_array<std::string_view>({"ar", "arc", "ckb", "dv", "fa", "he", "iw", "ji", "ks",
+                                       "lrc", "mzn", "nqo", "ps", "sd", "syr", "ug", "ur", "yi"});
+  const auto isAmong = [](const auto& list, const std::string& text) {
+    return std::find(list.begin(), list.end(), text) != list.end();
+  };
+  const std::vector<std::string> parts = split(tag, "-");
+  constexpr std::size_t kScriptLetters = 4;
+  if (parts.size() > 1 && isLetters(parts[1], kScriptLetters, kScriptLetters)) {
+    return isAmong(kScripts, lowered(parts[1]));
+  }
+  return !parts.empty() && isAmong(kLanguages, lowered(parts.front()));
+}
+
 std::vector<std::string> preferredLanguages(const LanguageWishes& wishes) {
   std::vector<std::string> tags;
   addTags(tags, split(wishes.requested, ",:"));

@@ -27,6 +27,9 @@ struct LanguageWishes {
 // "C", "POSIX" and what is no locale name.
 [[nodiscard]] std::string languageTag(const std::string& localeName);
 
+// Whether a language, or the script that its tag names, is written from right to left.
+[[nodiscard]] bool isRightToLeft(const std::string& tag);
+
 // The best first, each once, never empty: what was requested or else what the locale's variables
 // say, in the order in which programs with translations ask them; English when there is nothing.
 [[nodiscard]] std::vector<std::string> preferredLanguages(const LanguageWishes& wishes);

@@ -42,6 +42,15 @@ TEST(Languages, LocaleNamesBecomeTags) {
   }
 }
 
+TEST(Languages, TheScriptDecidesTheDirectionElseTheLanguage) {
+  for (const char* tag : {"ar", "ar-EG", "he", "FA-ir", "ur", "az-Arab-IR", "yi"}) {
+    EXPECT_TRUE(isRightToLeft(tag)) << tag;
+  }
+  for (const char* tag : {"", "en", "de-DE", "ja", "zh-Hans", "ur-Latn", "arn", "-"}) {
+    EXPECT_FALSE(isRightToLeft(tag)) << tag;
+  }
+}
+
 TEST(Languages, WhatWasRequestedWins) {
   EXPECT_THAT(preferredLanguages({.requested = "fr,de_AT:fr", .lcAll = "it_IT"}),
               ElementsAre("fr", "de-AT"));
