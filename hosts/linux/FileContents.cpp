@@ -232,7 +232,8 @@ std::string behindLinks(const std::string& path) {
 
 FileFailure replaceFile(const std::string& path, const std::string& contents) {
   struct stat status {};
-  if (::lstat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+  const bool isThere = ::lstat(path.c_str(), &status) == 0;
+  if (isThere && !S_ISREG(status.st_mode)) {
     return S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file";
   }
   std::string temporary = path + ".XXXXXX";
@@ -240,7 +241,14 @@ FileFailure replaceFile(const std::string& path, const std::string& contents) {
   if (!file.isOpen()) {
     return failure("cannot make a new file beside it");
   }
-  FileFailure failed = fill(file, contents);
+  constexpr mode_t kPermissions = 0777;
+  FileFailure failed;
+  if (isThere && ::fchmod(file.number(), status.st_mode & kPermissions) != 0) {
+    failed = failure("cannot keep the permissions of " + path);
+  }
+  if (!failed) {
+    failed = fill(file, contents);
+  }
   if (!failed) {
     failed = renameFile(temporary, path);
   }
