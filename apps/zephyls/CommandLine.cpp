@@ -33,12 +33,23 @@ void addSourceOptions(CLI::App& app, Options& options) {
 void addDeviceOptions(CLI::App& app, Options& options) {
   addReleaseOption(app, options.iosVersion);
   app.add_option_function<std::string>(
+         "--idiom",
+         [&options](const std::string& value) {
+           options.idiom =
+               value == "pad" ? UIUserInterfaceIdiom::kPad : UIUserInterfaceIdiom::kPhone;
+         },
+         "kind of device to behave as (default: phone)")
+      ->type_name("phone|pad")
+      ->check(CLI::IsMember({"phone", "pad"}).description(""));
+  app.add_option_function<std::string>(
          "--biometrics",
          [&options](const std::string& value) {
-           options.biometrics = value == "auto" ? std::nullopt : std::optional(value == "on");
+           options.namesMachinesReader = value == "auto";
+           options.biometrics =
+               options.namesMachinesReader ? std::nullopt : std::optional(value == "on");
          },
          "whether the device has a fingerprint reader: the one of this machine (auto), one that "
-         "knows nobody (on) or none (off) (default: auto)")
+         "knows nobody (on) or none (off) (default: auto, and on for pictures)")
       ->type_name("auto|on|off")
       ->check(CLI::IsMember({"auto", "on", "off"}).description(""));
   addLanguageOption(app, options.language);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/uikit/UIDevice.h"
+
 #include "apps/common/SourceOptions.h"
 #include "apps/zephyls/render/ScriptStep.h"
 
@@ -42,7 +44,9 @@ struct RenderWishes {
 struct Options {
   SourceOptions sources;
   std::string iosVersion = "14.0";
-  std::optional<bool> biometrics;  // nothing: what this machine has
+  UIUserInterfaceIdiom idiom = UIUserInterfaceIdiom::kPhone;
+  std::optional<bool> biometrics;    // nothing: what this machine has
+  bool namesMachinesReader = false;  // that this was said, and is not only the default
   std::optional<std::string> language;
   bool json = false;
 

@@ -139,6 +139,7 @@ void Session::startDevice() {
   options.deviceRoot = places_.device.string();
   options.overlay = places_.overlay.string();
   options.systemVersion = options_.iosVersion;
+  options.userInterfaceIdiom = options_.idiom;
   options.languages = linux_host::preferredLanguages(
       linux_host::languageWishesOfEnvironment(options_.language.value_or("")));
   options.systemLog = std::make_unique<SessionLog>(

@@ -10,6 +10,7 @@
 #include "apps/zephyls/CommandLine.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
+#include "hosts/linux/screen/QtMessages.h"
 
 namespace zephyl::app {
 
@@ -22,6 +23,7 @@ std::unique_ptr<QCoreApplication> makeApplication(const ParsedCommandLine& comma
     return std::make_unique<QCoreApplication>(argc, argv);
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  linux_host::leaveOutQtRemarks();
   return std::make_unique<QApplication>(argc, argv);
 }
 

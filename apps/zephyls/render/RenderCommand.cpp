@@ -2,11 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <iterator>
 #include <sstream>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -14,19 +11,21 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/common/Places.h"
+#include "apps/common/SharedOptions.h"
 #include "apps/zephyls/Output.h"
+#include "apps/zephyls/render/PictureDestination.h"
+#include "apps/zephyls/render/RenderDirection.h"
 #include "apps/zephyls/render/Renderer.h"
 #include "apps/zephyls/render/ScreenRenderer.h"
 #include "apps/zephyls/render/Screens.h"
 #include "apps/zephyls/render/Specimens.h"
-#include "hosts/linux/FileContents.h"
 #include "hosts/linux/Languages.h"
 
 namespace zephyl::app {
 
 namespace {
 
-namespace fs = std::filesystem;
+using render::PictureDestination;
 using render::Renderer;
 using render::ScriptStep;
 using render::Specimen;
@@ -87,7 +86,8 @@ render::RenderSettings settingsFor(const Options& options) {
   render::RenderSettings settings;
   settings.scale = options.render.scale;
   settings.dark = options.render.dark;
-  settings.rightToLeft = options.render.rightToLeft;
+  settings.rightToLeft = render::runsFromRightToLeft(options);
+  settings.idiom = options.idiom;
   settings.systemVersion = options.iosVersion;
   settings.languages = linux_host::preferredLanguages(
       linux_host::languageWishesOfEnvironment(options.language.value_or("")));
@@ -102,43 +102,6 @@ void printTree(Output& output, const std::string& tree) {
   }
 }
 
-// Where each goes: the file that was named, or one of its name in the folder that was.
-class Destination {
- public:
-  Destination(const RenderWishes& wishes, bool several)
-      : path_(wishes.file), suffix_(wishes.tree ? ".txt" : ".png") {
-    std::error_code error;
-    isFolder_ = several || fs::is_directory(path_, error);
-    if (several) {
-      makeFolder();
-    }
-  }
-
-  void write(std::string_view name, const std::string& content) const {
-    fs::path file = path_;
-    if (isFolder_) {
-      file /= std::string(name).append(suffix_);
-    }
-    if (const auto failure = linux_host::replaceFile(file.string(), content)) {
-      throw CommandError(file.string() + ": " + *failure);
-    }
-  }
-
- private:
-  void makeFolder() const {
-    std::error_code error;
-    fs::create_directories(path_, error);
-    if (error || !fs::is_directory(path_, error)) {
-      throw CommandError("cannot make the folder " + path_.string() +
-                         (error ? ": " + error.message() : ": there is a file of that name"));
-    }
-  }
-
-  fs::path path_;
-  std::string suffix_;
-  bool isFolder_ = false;
-};
-
 int renderScreen(const render::Screen& screen, const Options& options, Output& output) {
   const RenderWishes& wishes = options.render;
   render::ScreenRenderer renderer(options, output);
@@ -146,18 +109,24 @@ int renderScreen(const render::Screen& screen, const Options& options, Output& o
   if (wishes.tree && wishes.file.empty()) {
     printTree(output, renderer.tree());
   } else {
-    Destination(wishes, /*several=*/false)
+    PictureDestination(wishes, /*several=*/false)
         .write(screen.name, wishes.tree ? renderer.tree() : renderer.png());
   }
   return kSuccess;
 }
 
+// The screens are of the user's own data, and each may want words of its own.
+void tellWhatIsLeftOut(Output& output) {
+  std::string message = "the screens are left out, since they show your data; render each by name:";
+  for (const render::Screen& screen : render::allScreens()) {
+    message.append(" ").append(screen.name);
+  }
+  output.complain(message);
+}
+
 int renderComponents(const Options& options, Output& output) {
   const RenderWishes& wishes = options.render;
   const std::vector<Specimen> chosen = chosenSpecimens(wishes.component);
-  if (!wishes.steps.empty()) {
-    throw CommandError("only screens can be tapped, swiped and typed into", kWrongUsage);
-  }
   Renderer renderer(settingsFor(options));
   if (wishes.tree && wishes.file.empty()) {
     for (const Specimen& specimen : chosen) {
@@ -165,23 +134,54 @@ int renderComponents(const Options& options, Output& output) {
     }
     return kSuccess;
   }
-  const Destination destination(wishes, wishes.component == kAll);
+  const PictureDestination destination(wishes, wishes.component == kAll);
   for (const Specimen& specimen : chosen) {
     destination.write(specimen.name,
                       wishes.tree ? renderer.tree(specimen) : renderer.png(specimen));
   }
+  if (wishes.component == kAll) {
+    tellWhatIsLeftOut(output);
+  }
   return kSuccess;
+}
+
+// A list is no picture.
+void refuseToList(const RenderWishes& wishes) {
+  if (!wishes.file.empty() || wishes.tree || !wishes.steps.empty() || wishes.group ||
+      wishes.conversation) {
+    throw CommandError("say what is to be rendered; `zephyls render` lists what there is",
+                       kWrongUsage);
+  }
+}
+
+void refuseOptionsOfNoUse(const RenderWishes& wishes, const render::Screen* screen) {
+  using render::ScreenSubject;
+  const ScreenSubject subject = screen == nullptr ? ScreenSubject::kNothing : screen->subject;
+  const bool isOfGroup = subject == ScreenSubject::kGroup;
+  const bool isOfConversation = subject == ScreenSubject::kConversation;
+  if ((wishes.group && !isOfGroup) || (wishes.conversation && !isOfConversation)) {
+    const std::string option = wishes.group && !isOfGroup ? "--group" : "--conversation";
+    std::string message = "\"" + wishes.component + "\" is not about one ";
+    throw CommandError(
+        message.append(option.substr(2)).append("; leave ").append(option).append(" out"),
+        kWrongUsage);
+  }
+  if (screen == nullptr && !wishes.steps.empty()) {
+    throw CommandError("only screens can be tapped, swiped and typed into", kWrongUsage);
+  }
 }
 
 int renderWhatIsWished(const Options& options, Output& output) {
   const RenderWishes& wishes = options.render;
   if (wishes.component.empty()) {
+    refuseToList(wishes);
     return listAll(output);
   }
   const render::Screen* const screen = render::screenNamed(wishes.component);
   if (screen == nullptr) {
     static_cast<void>(chosenSpecimens(wishes.component));
   }
+  refuseOptionsOfNoUse(wishes, screen);
   if (wishes.file.empty() && !wishes.tree) {
     throw CommandError(wishes.component == kAll ? "say with -o into which folder the pictures go"
                                                 : "say with -o into which file the picture goes",
@@ -206,7 +206,10 @@ void addStepOptions(CLI::App& command, RenderWishes& wishes) {
         ScriptStep::Kind::kTap},
        Kind{"--swipe", "TEXT", "swipe what is called so aside", ScriptStep::Kind::kSwipe},
        Kind{"--type", "TEXT", "type into what was tapped", ScriptStep::Kind::kType},
-       Kind{"--key", "NAME", "press a key: Return, Tab, Down...", ScriptStep::Kind::kKey}});
+       Kind{"--key", "NAME",
+            "press a key: Return, Tab, Down, PageDown...; Ctrl+Z takes the last change of "
+            "the groups back, Ctrl+Shift+Z makes it again",
+            ScriptStep::Kind::kKey}});
   for (const Kind& kind : kKinds) {
     command
         .add_option_function<std::string>(
@@ -216,6 +219,7 @@ void addStepOptions(CLI::App& command, RenderWishes& wishes) {
             },
             kind.help)
         ->type_name(kind.type)
+        ->check(CLI::Validator(whyEmpty, ""))
         ->take_last()
         ->trigger_on_parse();
   }
@@ -228,17 +232,22 @@ void addRenderCommand(CLI::App& program, RenderWishes& wishes, ScreenCommand& ch
       "render", "a picture of a screen on the user's data, or of a component in all its states");
   command.fallthrough();
   command.parse_complete_callback([&chosen] { chosen = renderWhatIsWished; });
-  command.add_option("COMPONENT", wishes.component,
-                     "a screen or a component, as `zephyls render` lists them, or \"all\" for one "
-                     "file for each component");
-  command.add_option("-o,--output", wishes.file,
-                     "the file, or for several the folder; made if it is missing, replaced if it "
-                     "is there");
+  command
+      .add_option("COMPONENT", wishes.component,
+                  "a screen or a component, as `zephyls render` lists them, or \"all\" for one "
+                  "file for each component; the screens are left out then")
+      ->check(CLI::Validator(whyEmpty, ""));
+  command
+      .add_option("-o,--output", wishes.file,
+                  "the PNG file, or for several the folder; made if it is missing, the file "
+                  "replaced if it is there")
+      ->check(CLI::Validator(whyEmpty, ""));
   command.add_option("--scale", wishes.scale, "pixels a point (default: 2)")
       ->type_name("N")
       ->check(CLI::Validator(whyNoScale, ""));
   command.add_flag("--dark", wishes.dark, "in dark appearance");
-  command.add_flag("--rtl", wishes.rightToLeft, "from right to left");
+  command.add_flag("--rtl", wishes.rightToLeft,
+                   "from right to left; so are the languages that are written so");
   addStepOptions(command, wishes);
   command
       .add_option("--conversation", wishes.conversation,

@@ -49,8 +49,8 @@ TEST_F(RenderTest, WithoutAComponentAllAreListed) {
     names.push_back(object["name"]);
     EXPECT_NE(object["help"], "");
   }
-  Texts expected = {"groups", "manage",    "add",           "recipients",
-                    "editor", "new-group", "conversations", "colour"};
+  Texts expected = {"groups",    "manage",   "add",    "recipients",    "editor",
+                    "new-group", "contacts", "search", "conversations", "colour"};
   for (const auto& specimen : render::allSpecimens()) {
     expected.emplace_back(specimen.name);
   }
@@ -100,7 +100,9 @@ TEST_F(RenderTest, TheTreeIsTextOnTheStandardOutputOrInAFile) {
 }
 
 TEST_F(RenderTest, AllGoIntoAFolderThatIsMade) {
-  ASSERT_EQ(run({"render", "all", "--scale", "0.5", "-o", path("new/pictures")}).status, 0);
+  const auto result = run({"render", "all", "--scale", "0.5", "-o", path("new/pictures")});
+  ASSERT_EQ(result.status, 0);
+  EXPECT_NE(result.errors.find("the screens are left out"), std::string::npos) << result.errors;
   Texts names;
   for (const auto& entry : std::filesystem::directory_iterator(folder_ / "new/pictures")) {
     names.push_back(entry.path().filename().string());
@@ -131,7 +133,62 @@ TEST_F(RenderTest, WithoutAPlaceToWriteToNothingIsDrawn) {
   EXPECT_EQ(result.status, 1);
   EXPECT_NE(result.errors.find(path("file")), std::string::npos);
   EXPECT_EQ(read(folder_ / "file"), "mine");
-  EXPECT_EQ(run({"render", "badge", "-o", path("missing/a.png")}).status, 1);
+  EXPECT_EQ(run({"render", "badge", "-o", path("file/a.png")}).status, 1);
+  EXPECT_EQ(read(folder_ / "file"), "mine");
+}
+
+TEST_F(RenderTest, FoldersThatAreMissingAreMade) {
+  ASSERT_EQ(run({"render", "badge", "-o", path("missing/too/a.png")}).status, 0);
+  EXPECT_EQ(sizeOf(folder_ / "missing/too/a.png").width, 780U);
+  ASSERT_EQ(run({"render", "badge", "-o", path("folder/")}).status, 0);
+  EXPECT_EQ(sizeOf(folder_ / "folder/badge.png").width, 780U);
+}
+
+TEST_F(RenderTest, APictureOfAnotherKindIsRefused) {
+  for (const char* name : {"a.jpg", "a.JPEG", "a.svg"}) {
+    const auto result = run({"render", "badge", "-o", path(name)});
+    EXPECT_EQ(result.status, 2) << name;
+    EXPECT_NE(result.errors.find("written as PNG only"), std::string::npos) << result.errors;
+    EXPECT_FALSE(std::filesystem::exists(folder_ / name));
+  }
+  EXPECT_EQ(run({"render", "badge", "-o", path("badge-2.0")}).status, 0);
+}
+
+TEST_F(RenderTest, AFileThatIsReplacedKeepsItsMode) {
+  namespace fs = std::filesystem;
+  write(folder_ / "a.png", "old");
+  const auto kMode = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read |
+                     fs::perms::others_read;
+  fs::permissions(folder_ / "a.png", kMode);
+  ASSERT_EQ(run({"render", "badge", "-o", path("a.png")}).status, 0);
+  EXPECT_EQ(fs::status(folder_ / "a.png").permissions(), kMode);
+  ASSERT_EQ(run({"render", "badge", "-o", path("b.png")}).status, 0);
+  EXPECT_EQ(fs::status(folder_ / "b.png").permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(RenderTest, EmptyWordsAndOptionsOfNoUseAreWrongUsage) {
+  const std::string file = path("a.png");
+  for (const Texts& words :
+       {Texts{"", "-o", file}, Texts{"-o", file}, Texts{"--tree"}, Texts{"badge", "-o", ""},
+        Texts{"groups", "-o", file, "--tap", ""}, Texts{"groups", "-o", file, "--key", ""},
+        Texts{"groups", "-o", file, "--group", "Family"},
+        Texts{"editor", "-o", file, "--conversation", "Ann"},
+        Texts{"badge", "-o", file, "--group", "Family"}, Texts{"badge", "-o", file, "--ios", "99"},
+        Texts{"badge", "-o", file, "--ios", "5.1"}}) {
+    Texts all = {"render"};
+    all.insert(all.end(), words.begin(), words.end());
+    const auto result = run(all);
+    EXPECT_EQ(result.status, 2) << words.back();
+    EXPECT_NE(result.errors, "");
+    EXPECT_FALSE(std::filesystem::exists(file)) << words.back();
+  }
+  EXPECT_NE(run({"render", "badge", "--tree", "--ios", "99"}).errors.find("from 6 to 14"),
+            std::string::npos);
+}
+
+TEST_F(RenderTest, NothingIsToldWhereAllIsWell) {
+  EXPECT_EQ(run({"render", "row-cell", "--language", "ar", "-o", path("a.png")}).errors, "");
 }
 
 TEST_F(RenderTest, AScaleThatMakesNoPictureIsWrongUsage) {

@@ -36,6 +36,7 @@ linux_host::DeviceOptions deviceOptions(const RenderSettings& settings, const st
   options.deviceRoot = root;
   options.overlay = settings.overlay;
   options.systemVersion = settings.systemVersion;
+  options.userInterfaceIdiom = settings.idiom;
   options.languages = settings.languages;
   // Else nothing would be shown as protected.
   options.hasBiometrics = true;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/uikit/CGBitmap.h"
+#include "platform/uikit/UIDevice.h"
 
 namespace zephyl::app::render {
 
@@ -17,6 +18,7 @@ struct RenderSettings {
   double scale = 2;  // pixels a point
   bool dark = false;
   bool rightToLeft = false;
+  UIUserInterfaceIdiom idiom = UIUserInterfaceIdiom::kPhone;
   std::string systemVersion = "14.0";
   std::vector<std::string> languages = {"en"};
   std::string overlay;  // the folder with the program's own texts and pictures

@@ -1,6 +1,8 @@
 #include "apps/zephyls/render/ScreenRenderer.h"
 
 #include <filesystem>
+#include <optional>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -15,8 +17,13 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/common/DeviceLock.h"
+#include "apps/common/GroupStepText.h"
+#include "apps/common/GroupUndo.h"
 #include "apps/common/Places.h"
+#include "apps/zephyls/MemberNames.h"
+#include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
+#include "apps/zephyls/render/RenderDirection.h"
 #include "apps/zephyls/render/Screens.h"
 #include "apps/zephyls/render/Script.h"
 #include "apps/zephyls/render/TemporaryFolder.h"
@@ -55,6 +62,8 @@ void copyDevice(const Places& from, const fs::path& to) {
   }
 }
 
+constexpr CGSize kPadScreen{810, 1080};
+
 // Knows nobody, and says so in the background, which the picture waits for.
 class KnowsNobody : public LAContext {
  public:
@@ -81,8 +90,10 @@ Options optionsOnCopy(const Options& options, const std::string& copy) {
 }  // namespace
 
 struct ScreenRenderer::Parts {
-  Parts(const Options& options, Output& output)
-      : own(optionsOnCopy(options, folder.path())), session(own, output, surroundings()) {}
+  Parts(const Options& options, Output& given)
+      : output(given),
+        own(optionsOnCopy(options, folder.path())),
+        session(own, output, surroundings()) {}
   ~Parts() {
     // Before the device goes.
     window.reset();
@@ -94,7 +105,10 @@ struct ScreenRenderer::Parts {
   SessionSurroundings surroundings() {
     linux_host::UIKitOptions wishes;
     wishes.screen.scale = own.render.scale;
-    wishes.screen.rightToLeft = own.render.rightToLeft;
+    if (own.idiom == UIUserInterfaceIdiom::kPad) {
+      wishes.screen.size = kPadScreen;
+    }
+    wishes.screen.rightToLeft = runsFromRightToLeft(own);
     wishes.screen.style =
         own.render.dark ? UIUserInterfaceStyle::kDark : UIUserInterfaceStyle::kLight;
     // Nothing turns or moves, so that a picture is the same each time.
@@ -106,7 +120,7 @@ struct ScreenRenderer::Parts {
     uikit = made.get();
     SessionSurroundings given{std::move(made), nullptr, /*isAlone=*/true};
     // Where nobody says otherwise there is a reader: else nothing would be shown as protected.
-    if (own.biometrics.value_or(true)) {
+    if (own.biometrics.value_or(!own.namesMachinesReader)) {
       given.makeAuthentication = [] { return std::make_shared<KnowsNobody>(); };
     }
     return given;
@@ -123,11 +137,37 @@ struct ScreenRenderer::Parts {
     window->layoutWindow();
   }
 
+  // What is lost is told from now on.
+  void watchGroups() {
+    undo.emplace([this](const GroupStep& step) {
+      for (const std::string& loss : lossesOf(step, memberNames(session))) {
+        output.complain(loss);
+      }
+    });
+  }
+
+  // Ctrl+Z takes the last change of the groups back, and with Shift makes it again.
+  bool handleShortcut(const UIKeyPress& press) {
+    if (!press.control || press.characters != "Z") {
+      return false;
+    }
+    const GroupUndo::Outcome outcome = press.shift ? undo->redo() : undo->undo();
+    const std::string summary = summaryOf(outcome.step, memberNames(session));
+    if (outcome.error) {
+      output.complain(outcome.error->localizedDescription());
+    } else if (!summary.empty()) {
+      output.complain(press.shift ? redoneText(summary) : undoneText(summary));
+    }
+    return true;
+  }
+
+  Output& output;
   const TemporaryFolder folder;
   const Options own;
   linux_host::LinuxUIKit* uikit = nullptr;
   linux_host::HeadlessTextInput* typing = nullptr;
   Session session;
+  std::optional<GroupUndo> undo;
   ShownScreen shown;
   std::shared_ptr<UIWindow> window;
 };
@@ -139,12 +179,18 @@ ScreenRenderer::~ScreenRenderer() = default;
 
 void ScreenRenderer::show(const Screen& screen) {
   parts_->session.startGroups();
+  parts_->watchGroups();
   parts_->shown = screen.make(parts_->session);
   parts_->window = std::make_shared<UIWindow>(parts_->uikit->screen().bounds());
   parts_->window->setRootViewController(parts_->shown.controller);
   parts_->settle();
-  Script(
-      {*parts_->window, [this] { return parts_->typing->client(); }, [this] { parts_->settle(); }})
+  if (const auto open = std::exchange(parts_->shown.open, nullptr)) {
+    open();
+    parts_->settle();
+  }
+  Script({*parts_->window, [this] { return parts_->typing->client(); },
+          [this] { parts_->settle(); },
+          [this](const UIKeyPress& press) { return parts_->handleShortcut(press); }})
       .run(parts_->own.render.steps);
 }
 

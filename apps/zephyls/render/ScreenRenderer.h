@@ -26,6 +26,7 @@ class ScreenRenderer {
   ScreenRenderer& operator=(const ScreenRenderer&) = delete;
 
   // With the steps of the options done, animations ended, and nothing left to do in the background.
+  // What a change of the groups took away is told on the standard error.
   void show(const Screen& screen);
   // Of what is shown: a PNG file, or the view tree as text.
   [[nodiscard]] std::string png();

@@ -17,6 +17,7 @@
 #include "ui/editor/ZPSelectRecipientsTableViewController.h"
 #include "ui/editor/ZephylViewController.h"
 #include "ui/groups/ZephylsViewController.h"
+#include "ui/people/ZLPeoplePickerViewController.h"
 
 namespace zephyl::app::render {
 
@@ -26,7 +27,7 @@ using GroupList = std::shared_ptr<ZephylsViewController>;
 
 ShownScreen inNavigation(const std::shared_ptr<UIViewController>& screen,
                          std::shared_ptr<const void> kept = nullptr) {
-  return {GroupsNavigationController::initWithRootViewController(screen), std::move(kept)};
+  return {GroupsNavigationController::initWithRootViewController(screen), std::move(kept), nullptr};
 }
 
 // The one that was named, else the first that will do.
@@ -107,7 +108,7 @@ std::shared_ptr<GroupsNavigationController> makeEditing(Session& session) {
 }
 
 ShownScreen makeEditor(Session& session) {
-  return {makeEditing(session), nullptr};
+  return {makeEditing(session), nullptr, nullptr};
 }
 
 ShownScreen makeNewGroup(Session& /*session*/) {
@@ -130,7 +131,28 @@ ShownScreen makeColour(Session& session) {
       UIColor::__zpColorWithHexString(chosenGroup(session)->markerCode()));
   picker->showInViewController(navigation->topViewController(), zpLocalizedText("Marker Color"),
                                nullptr);
-  return {navigation, nullptr};
+  return {navigation, nullptr, nullptr};
+}
+
+// As the editor of the group opens it.
+ShownScreen makePicking(Session& session, bool searching) {
+  auto navigation = makeEditing(session);
+  const auto editor =
+      std::static_pointer_cast<ZephylViewController>(navigation->topViewController());
+  return {navigation, nullptr, [editor, searching] {
+            constexpr NSIndexPath kAddContacts{4, 0};
+            editor->didSelectRowAtIndexPath(*editor->tableView(), kAddContacts);
+            editor->contactsPicker()->setSearchControllerWasActive(searching);
+            editor->contactsPicker()->setSearchControllerSearchFieldWasFirstResponder(searching);
+          }};
+}
+
+ShownScreen makeContacts(Session& session) {
+  return makePicking(session, /*searching=*/false);
+}
+
+ShownScreen makeSearch(Session& session) {
+  return makePicking(session, /*searching=*/true);
 }
 
 }  // namespace
@@ -139,12 +161,17 @@ const std::vector<Screen>& allScreens() {
   static const std::vector<Screen> kScreens = {
       {"groups", "the groups to browse", makeGroups},
       {"manage", "the groups to manage", makeManage},
-      {"add", "the groups to which a conversation is added", makeAdd},
-      {"recipients", "the participants of a conversation", makeRecipients},
-      {"editor", "a group to be changed", makeEditor},
+      {"add", "the groups to which a conversation is added", makeAdd, ScreenSubject::kConversation},
+      {"recipients", "the participants of a conversation", makeRecipients,
+       ScreenSubject::kConversation},
+      {"editor", "a group to be changed", makeEditor, ScreenSubject::kGroup},
       {"new-group", "a group in the making", makeNewGroup},
-      {"conversations", "the conversations to be ticked for a group", makeConversations},
-      {"colour", "the colour of a group to be picked", makeColour},
+      {"contacts", "the people to be ticked for a group", makeContacts, ScreenSubject::kGroup},
+      {"search", "the same while they are searched: give the words with --type", makeSearch,
+       ScreenSubject::kGroup},
+      {"conversations", "the conversations to be ticked for a group", makeConversations,
+       ScreenSubject::kGroup},
+      {"colour", "the colour of a group to be picked", makeColour, ScreenSubject::kGroup},
   };
   return kScreens;
 }

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -22,7 +23,12 @@ struct ShownScreen {
   std::shared_ptr<UIViewController> controller;
   // What the screen does not keep alive itself, such as a delegate.
   std::shared_ptr<const void> kept;
+  // What opens the screen from the one that is shown, once that is in a window. Null for nothing.
+  std::function<void()> open = nullptr;
 };
+
+// What of the user's a screen is about, beside all.
+enum class ScreenSubject { kNothing, kGroup, kConversation };
 
 struct Screen {
   // The name on the command line.
@@ -30,6 +36,7 @@ struct Screen {
   std::string_view help;
   // The groups and conversations of the session are there. Throws CommandError.
   ShownScreen (*make)(Session& session);
+  ScreenSubject subject = ScreenSubject::kNothing;
 };
 
 // In the order of the list.

@@ -55,7 +55,7 @@ TEST_F(ScreensTest, TheGroupsAreThoseOfTheDevice) {
 
 TEST_F(ScreensTest, EveryScreenBecomesAPicture) {
   for (const char* screen : {"groups", "manage", "add", "recipients", "editor", "new-group",
-                             "conversations", "colour"}) {
+                             "contacts", "search", "conversations", "colour"}) {
     const std::string file = (folder_ / screen).string();
     const auto result = runOwn({"render", screen, "--scale", "1", "-o", file});
     EXPECT_EQ(result.status, 0) << result.errors;
@@ -76,6 +76,49 @@ TEST_F(ScreensTest, ASwipedRowIsDeleted) {
   const std::string after = tree({"manage", "--swipe", "Work", "--tap", "Delete"});
   EXPECT_FALSE(shows(after, "row \"Work"));
   EXPECT_TRUE(shows(after, "row \"Friends"));
+}
+
+// The picker of people drops what it does not show.
+TEST_F(ScreensTest, WhatLeftAGroupIsToldAndComesBack) {
+  writeGroups(group(8, "Work",
+                    "<key>contacts</key><array><string>+15555550101</string>"
+                    "<string>nobody@example.com</string></array>"));
+  const Texts words = {"render", "contacts", "--tree", "--tap", "Done", "--tap", "Save"};
+  const std::string left =
+      "zephyls: No longer in the group 'Work': Ann Larkspur (+1 (555) 555-0101), "
+      "nobody@example.com.\n";
+  EXPECT_EQ(runOwn(words).errors, left);
+  Texts undoing = words;
+  undoing.insert(undoing.end(), {"--key", "Ctrl+Z", "--tap", "Work"});
+  const auto undone = runOwn(undoing);
+  EXPECT_EQ(undone.errors, left +
+                               "zephyls: Undone: Now in the group 'Work': Ann Larkspur "
+                               "(+1 (555) 555-0101), nobody@example.com.\n");
+  EXPECT_TRUE(shows(undone.out, "nobody@example.com"));
+  EXPECT_FALSE(shows(tree({"contacts", "--tap", "Done", "--tap", "Save", "--tap", "Work"}),
+                     "nobody@example.com"));
+}
+
+TEST_F(ScreensTest, ADeletedGroupComesBackAndGoesAgain) {
+  Texts words = {"manage", "--swipe", "Work", "--tap", "Delete", "--key", "Ctrl+Z"};
+  EXPECT_TRUE(shows(tree(words), "row \"Work"));
+  words.insert(words.end(), {"--key", "Ctrl+Shift+Z"});
+  EXPECT_FALSE(shows(tree(words), "row \"Work"));
+  words.insert(words.begin(), {"render", "--tree", "--language", "de"});
+  words[words.size() - 5] = "L\u00f6schen";
+  EXPECT_EQ(runOwn(words).errors,
+            "zephyls: Die Gruppe \u201eWork\u201c ist gel\u00f6scht.\n"
+            "zephyls: Widerrufen: Die Gruppe \u201eWork\u201c ist neu.\n"
+            "zephyls: Wiederholt: Die Gruppe \u201eWork\u201c ist gel\u00f6scht.\n");
+}
+
+TEST_F(ScreensTest, PeopleAreListedAndFoundByWhatIsTyped) {
+  const std::string people = tree({"contacts"});
+  EXPECT_TRUE(shows(people, "row \"Ann Larkspur"));
+  EXPECT_TRUE(shows(people, "row \"Eve Sj\u00f6"));
+  const std::string found = tree({"search", "--type", "eve"});
+  EXPECT_TRUE(shows(found, "row \"Eve Sj\u00f6"));
+  EXPECT_NE(found, tree({"search"}));
 }
 
 TEST_F(ScreensTest, ANewGroupIsMadeFromTheList) {
@@ -124,6 +167,35 @@ TEST_F(ScreensTest, NothingOfTheUsersChanges) {
 TEST_F(ScreensTest, TheReleaseDecidesWhatABarHas) {
   EXPECT_TRUE(shows(tree({"groups", "--ios", "14.0"}), "button \"Cancel\""));
   EXPECT_FALSE(shows(tree({"groups", "--ios", "12.4"}), "button \"Cancel\""));
+}
+
+TEST_F(ScreensTest, TheLanguageDecidesTheDirection) {
+  const auto picture = [this](const Texts& words) {
+    Texts all = {"render", "manage", "--scale", "1", "-o", (folder_ / "a.png").string()};
+    all.insert(all.end(), words.begin(), words.end());
+    EXPECT_EQ(runOwn(all).status, 0);
+    return read(folder_ / "a.png");
+  };
+  const std::string arabic = picture({"--language", "ar"});
+  EXPECT_EQ(picture({"--language", "ar", "--rtl"}), arabic);
+  EXPECT_NE(picture({"--language", "de", "--rtl"}), picture({"--language", "de"}));
+  // Without texts of its own it is shown in English.
+  EXPECT_EQ(picture({"--language", "he"}), picture({}));
+  EXPECT_EQ(picture({"--language", "ar-EG"}), arabic);
+}
+
+TEST_F(ScreensTest, TheKindOfDeviceDecidesTheSizeOfTheScreen) {
+  EXPECT_TRUE(shows(tree({"manage"}), "UIWindow (0 0; 390 844)"));
+  EXPECT_TRUE(shows(tree({"manage", "--idiom", "pad"}), "UIWindow (0 0; 810 1080)"));
+  EXPECT_EQ(runOwn({"render", "manage", "--tree", "--idiom", "watch"}).status, 2);
+}
+
+// This machine has none that could be reached.
+TEST_F(ScreensTest, TheReaderOfTheMachineIsTakenWhenItIsNamed) {
+  writeGroups(group(8, "Secret", "<key>passwordProtected</key><true/>"));
+  EXPECT_FALSE(shows(tree({"manage", "--tap", "Secret"}), "button \"Save\""));
+  EXPECT_TRUE(
+      shows(tree({"manage", "--biometrics", "auto", "--tap", "Secret"}), "button \"Save\""));
 }
 
 TEST_F(ScreensTest, AScreenCanBeAboutANamedConversation) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <memory>
 #include <set>
 #include <string_view>
@@ -12,6 +13,7 @@
 #include "platform/uikit/TextInput.h"
 #include "platform/uikit/UIKitHost.h"
 #include "platform/uikit/UIScreen.h"
+#include "platform/uikit/tables/UITableView.h"
 
 #include "apps/common/CommandError.h"
 
@@ -50,28 +52,53 @@ CGPoint middleOf(const UIView& view) {
   return view.convertPointToView({view.bounds().midX(), view.bounds().midY()}, nullptr);
 }
 
-UIKeyPress keyNamed(const std::string& name) {
-  constexpr std::string_view kShift = "Shift+";
-  UIKeyPress press;
-  press.shift = name.starts_with(kShift);
-  const std::string_view bare = std::string_view(name).substr(press.shift ? kShift.size() : 0);
-  const auto* const found = std::find_if(
-      kKeys.begin(), kKeys.end(), [bare](const NamedKey& each) { return each.name == bare; });
-  if (found == kKeys.end()) {
-    std::string message = "there is no key \"" + name + "\"; there are:";
-    for (const NamedKey& each : kKeys) {
-      message.append(" ").append(each.name);
-    }
-    throw CommandError(message + ", each also with Shift+", kWrongUsage);
-  }
-  press.key = found->key;
-  return press;
-}
-
 // The name of an element, or what it shows where it has none.
 std::string nameOf(const UIView& element) {
   const std::string label = element.accessibilityLabel();
   return label.empty() ? element.accessibilityValue() : label;
+}
+
+// Null when it is in none.
+const UITableView* tableAround(const UIView& element) {
+  for (const UIView* at = &element; at != nullptr; at = at->superview()) {
+    if (const auto* const table = dynamic_cast<const UITableView*>(at)) {
+      return table;
+    }
+  }
+  return nullptr;
+}
+
+bool takePrefix(std::string_view& name, std::string_view prefix) {
+  const bool has = name.starts_with(prefix) && name.size() > prefix.size();
+  name.remove_prefix(has ? prefix.size() : 0);
+  return has;
+}
+
+bool isLetterOrDigit(std::string_view name) {
+  return name.size() == 1 && std::isalnum(static_cast<unsigned char>(name.front())) != 0;
+}
+
+UIKeyPress keyNamed(const std::string& name) {
+  UIKeyPress press;
+  std::string_view bare = name;
+  press.control = takePrefix(bare, "Ctrl+");
+  press.shift = takePrefix(bare, "Shift+");
+  const auto* const found = std::find_if(
+      kKeys.begin(), kKeys.end(), [bare](const NamedKey& each) { return each.name == bare; });
+  if (found != kKeys.end()) {
+    press.key = found->key;
+    return press;
+  }
+  if (isLetterOrDigit(bare)) {
+    press.characters = bare;
+    return press;
+  }
+  std::string message = "there is no key \"" + name + "\"; there are:";
+  for (const NamedKey& each : kKeys) {
+    message.append(" ").append(each.name);
+  }
+  throw CommandError(message + ", letters and digits, each also with Ctrl+, Shift+ or Ctrl+Shift+",
+                     kWrongUsage);
 }
 
 }  // namespace
@@ -105,6 +132,7 @@ void Script::tap(const UIView& element) {
 
 // Towards the leading side, which uncovers what is on the trailing one.
 void Script::swipe(const UIView& element) {
+  const UITableView* const table = tableAround(element);
   const double direction = UIScreen::mainScreen().isRightToLeft() ? 1 : -1;
   const CGPoint from = middleOf(element);
   CGPoint at = from;
@@ -115,8 +143,12 @@ void Script::swipe(const UIView& element) {
     at.x = from.x + direction * kSwipeDistance * move / kSwipeMoves;
     stage_.window.sendTouch({0, UITouchPhase::kMoved, at, now, /*secondary=*/false});
   }
+  const bool moves = table != nullptr && table->indexPathForSwipedRow();
   // After a rest, so that nothing is flung.
   stage_.window.sendTouch({0, UITouchPhase::kEnded, at, now + 1, /*secondary=*/false});
+  if (!moves) {
+    throw CommandError("\"" + nameOf(element) + "\" cannot be swiped aside", kWrongUsage);
+  }
 }
 
 void Script::type(const std::string& text) {
@@ -136,7 +168,7 @@ void Script::press(const std::string& name) {
     client->textInputDidReturn();
   } else if (client != nullptr && press.key == UIKey::kTab) {
     client->textInputDidTab(/*forwards=*/!press.shift);
-  } else {
+  } else if (client != nullptr || !stage_.handleShortcut || !stage_.handleShortcut(press)) {
     stage_.window.sendKey(press);
   }
 }

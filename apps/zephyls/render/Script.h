@@ -27,6 +27,8 @@ class Script {
     std::function<TextInputClient*()> typedInto;
     // Lets everything happen that follows from a step.
     std::function<void()> settle;
+    // The program's own keys, while nothing is typed into; whether it was one. Null for none.
+    std::function<bool(const UIKeyPress&)> handleShortcut = nullptr;
   };
 
   // What the stage refers to must outlive this.

@@ -27,8 +27,12 @@ class ScriptTest : public zephyl::test::TableTest {
 
   void run(const std::vector<ScriptStep>& steps) {
     layout();
-    Script(
-        {*window_, [this] { return device_.uikit()->textInput().client(); }, [this] { settle(); }})
+    Script({*window_, [this] { return device_.uikit()->textInput().client(); },
+            [this] { settle(); },
+            [this](const UIKeyPress& press) {
+              shortcuts_ += (press.shift ? "^" : "") + press.characters;
+              return press.control;
+            }})
         .run(steps);
   }
   // Why a script is refused; empty when it is not.
@@ -47,6 +51,8 @@ class ScriptTest : public zephyl::test::TableTest {
     window_->addSubview(field);
     return field;
   }
+
+  std::string shortcuts_;
 };
 
 TEST_F(ScriptTest, WhatIsCalledExactlySoIsTappedFirst) {
@@ -80,6 +86,23 @@ TEST_F(ScriptTest, ASwipeUncoversWhatDeletesTheRow) {
   EXPECT_EQ(source_->log, "delete 0.2 ");
 }
 
+TEST_F(ScriptTest, WhatCannotBeSwipedAsideIsRefused) {
+  EXPECT_EQ(refusal({{Kind::kSwipe, "Family"}}), "\"Family\" cannot be swiped aside");
+  addField();
+  EXPECT_EQ(refusal({{Kind::kSwipe, "Title"}}), "\"Title\" cannot be swiped aside");
+}
+
+TEST_F(ScriptTest, TheEndsOfATableAreReachedByKeys) {
+  EXPECT_TRUE(table_->becomeFirstResponder());
+  run({{Kind::kTap, "Family and friends"},
+       {Kind::kKey, "Down"},
+       {Kind::kKey, "End"},
+       {Kind::kKey, "Return"},
+       {Kind::kKey, "Home"},
+       {Kind::kKey, "Return"}});
+  EXPECT_EQ(rules_->log, "select 0.1 deselect 0.1 select 0.2 deselect 0.2 select 0.0 ");
+}
+
 TEST_F(ScriptTest, TextIsTypedIntoWhatWasTapped) {
   const auto field = addField();
   run({{Kind::kTap, "Title"}, {Kind::kType, "Mar"}, {Kind::kType, "ie"}});
@@ -111,6 +134,15 @@ TEST_F(ScriptTest, WhatLiesOutsideTheWindowIsNotThere) {
 TEST_F(ScriptTest, TypingIntoNothingIsRefused) {
   EXPECT_EQ(refusal({{Kind::kType, "abc"}}),
             "cannot type \"abc\": nothing is typed into; tap a field first");
+}
+
+TEST_F(ScriptTest, KeysOfTheProgramComeBeforeThoseOfTheScreenButForTyping) {
+  EXPECT_TRUE(table_->becomeFirstResponder());
+  run({{Kind::kKey, "Ctrl+Z"}, {Kind::kKey, "Ctrl+Shift+Z"}});
+  EXPECT_EQ(shortcuts_, "Z^Z");
+  addField();
+  run({{Kind::kTap, "Title"}, {Kind::kKey, "Ctrl+Z"}});
+  EXPECT_EQ(shortcuts_, "Z^Z");
 }
 
 TEST_F(ScriptTest, AKeyThatThereIsNotIsNamedWithThoseThatThereAre) {
