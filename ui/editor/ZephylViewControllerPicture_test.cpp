@@ -109,6 +109,26 @@ TEST_F(EditorPicture, DeletingIsOfferedOnlyWhileTheFileIsThere) {
   EXPECT_THAT(menu(), Not(Contains("Delete Photo")));
 }
 
+TEST_F(EditorPicture, OnAPadTheMenuLiesWithinTheScreen) {
+  device_.device().setUserInterfaceIdiom(UIUserInterfaceIdiom::kPad);
+  const CGRect pad = CGRectMake(0, 0, 810, 1080);
+  device_.uikit()->screen().setBounds(pad);
+  window_->setFrame(pad);
+  edit(group(GroupBuilder(7, "Family")));
+  openMenu();
+  ASSERT_NE(alert(), nullptr);
+  const auto buttons = viewsOf<UIControl>(*alert()->view());
+  EXPECT_GE(buttons.size(), 2U);
+  for (const UIControl* const button : buttons) {
+    const CGRect place = button->convertRectToView(button->bounds(), nullptr);
+    EXPECT_TRUE(CGRectContainsPoint(pad, place.origin));
+    EXPECT_LE(place.maxX(), pad.maxX());
+    EXPECT_LE(place.maxY(), pad.maxY());
+  }
+  choose("Choose Photo");
+  EXPECT_NE(picker(), nullptr);
+}
+
 TEST_F(EditorPicture, TheMenuLeadsToTheCameraAndToTheLibrary) {
   user().setSources({UIImagePickerSource::kCamera, UIImagePickerSource::kPhotoLibrary});
   edit(group(GroupBuilder(7, "Family")));
@@ -217,6 +237,18 @@ TEST_F(EditorPicture, FromVersionTwelveItIsSentToBeStored) {
   EXPECT_EQ(alert(), nullptr);
   EXPECT_TRUE(canSave());
   EXPECT_EQ(device_.files().writesOf(kFile), 0);
+}
+
+TEST_F(EditorPicture, ItIsSentOnLaterReleasesToo) {
+  for (const char* version : {"12.4", "13.0", "14.0"}) {
+    edit(group(GroupBuilder(7, "Family")));
+    answerByMessage(true);
+    device_.device().setSystemVersion(version);
+    const std::size_t before = device_.messagingCenter().sent().size();
+    set(picture());
+    EXPECT_EQ(device_.messagingCenter().sent().size(), before + 1) << version;
+    EXPECT_FALSE(device_.files().fileExistsAtPath(kFile)) << version;
+  }
 }
 
 TEST_F(EditorPicture, APictureOfPixelsIsSentAsAFile) {
