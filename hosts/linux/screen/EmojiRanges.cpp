@@ -75,8 +75,8 @@ int endOfPicture(QStringView text, int at, int units) {
 
 }  // namespace
 
-std::vector<TextRange> emojiRanges(QStringView text) {
-  std::vector<TextRange> ranges;
+std::vector<TextRange> emojiPictures(QStringView text) {
+  std::vector<TextRange> pictures;
   int at = 0;
   while (at < text.size()) {
     const Sign sign = signAt(text, at);
@@ -85,12 +85,20 @@ std::vector<TextRange> emojiRanges(QStringView text) {
       continue;
     }
     const int end = endOfPicture(text, at, sign.units);
-    if (!ranges.empty() && ranges.back().start + ranges.back().length == at) {
-      ranges.back().length = end - ranges.back().start;
-    } else {
-      ranges.push_back({at, end - at});
-    }
+    pictures.push_back({at, end - at});
     at = end;
+  }
+  return pictures;
+}
+
+std::vector<TextRange> emojiRanges(QStringView text) {
+  std::vector<TextRange> ranges;
+  for (const TextRange& picture : emojiPictures(text)) {
+    if (!ranges.empty() && ranges.back().start + ranges.back().length == picture.start) {
+      ranges.back().length += picture.length;
+    } else {
+      ranges.push_back(picture);
+    }
   }
   return ranges;
 }

@@ -14,8 +14,11 @@ struct TextRange {
   friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
-// Whole sequences, in order: signs that are pictures by themselves or by the sign U+FE0F after
-// them, with their skin tones, joiners, keycaps, tags and second halves of flags.
+// Each picture, in order: a sign that is one by itself or by the sign U+FE0F after it, with its
+// skin tones, joiners, keycaps and tags. The two halves of a flag are two.
+[[nodiscard]] std::vector<TextRange> emojiPictures(QStringView text);
+
+// The same, those that touch as one.
 [[nodiscard]] std::vector<TextRange> emojiRanges(QStringView text);
 
 }  // namespace zephyl::linux_host

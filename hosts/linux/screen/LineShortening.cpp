@@ -23,15 +23,15 @@ TextBlock lineOf(AttributedText text, bool rightToLeft, CGFloat width) {
 // Where characters begin as the user sees them, both ends included. Qt parts some emoji of several
 // signs, such as families and flags of regions.
 std::vector<int> boundaries(const QString& text) {
-  const std::vector<TextRange> emoji = emojiRanges(text);
-  auto range = emoji.begin();
+  const std::vector<TextRange> emoji = emojiPictures(text);
+  auto picture = emoji.begin();
   std::vector<int> result = {0};
   QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
   for (auto at = finder.toNextBoundary(); at > 0; at = finder.toNextBoundary()) {
-    while (range != emoji.end() && range->start + range->length <= at) {
-      ++range;
+    while (picture != emoji.end() && picture->start + picture->length <= at) {
+      ++picture;
     }
-    if (range == emoji.end() || at <= range->start) {
+    if (picture == emoji.end() || at <= picture->start) {
       result.push_back(static_cast<int>(at));
     }
   }
