@@ -44,8 +44,8 @@ struct NewFileOutcome {
 [[nodiscard]] std::string behindLinks(const std::string& path);
 
 // Through a new file beside it and a rename: the old content or the new, never anything between.
-// `path` must not be a symbolic link. The permissions of a file that is there stay; a new one is for
-// the user alone.
+// `path` must not be a symbolic link. The permissions of a file that is there stay; a new one is
+// for the user alone.
 [[nodiscard]] FileFailure replaceFile(const std::string& path, const std::string& contents);
 
 // Both on the disk when they return. A file that is missing is removed already; one that has the
