@@ -170,7 +170,7 @@ TEST_F(APContactTest, LinkedContactsAreNeverThere) {
 
 TEST_F(APContactTest, APictureIsLookedAtOnceAndFetchedWhenItIsAskedFor) {
   int fetched = 0;
-  const auto bytes = std::make_shared<const std::vector<std::uint8_t>>(fake::fakePicture(4, 4));
+  auto bytes = std::make_shared<const std::vector<std::uint8_t>>(fake::fakePicture(4, 4));
   const PersonBuilder person = PersonBuilder(1, "A").thumbnail([&fetched, bytes] {
     ++fetched;
     return bytes;
