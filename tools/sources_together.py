@@ -38,8 +38,8 @@ class Group:
     def __init__(self):
         self.sources, self.names, self.lines = [], {}, 0
 
-    def takes(self, names, lines):
-        return (len(self.sources) < MOST_SOURCES and self.lines + lines <= MOST_LINES
+    def takes(self, names, lines, most_sources, most_lines):
+        return (len(self.sources) < most_sources and self.lines + lines <= most_lines
                 and all(names[name] and names[name] == self.names[name]
                         for name in names.keys() & self.names.keys()))
 
@@ -49,7 +49,7 @@ class Group:
         self.lines += lines
 
 
-def groups(sources):
+def groups(sources, most_sources=MOST_SOURCES, most_lines=MOST_LINES):
     """Lists of sources, each of which can be compiled as one, in the order that they are given."""
     found, alone = [], []
     for source in sources:
@@ -58,7 +58,7 @@ def groups(sources):
             alone.append([source])
             continue
         names, lines = own_names(text), text.count("\n")
-        group = next((group for group in found if group.takes(names, lines)), None)
+        group = next((group for group in found if group.takes(names, lines, most_sources, most_lines)), None)
         if group is None:
             group = Group()
             found.append(group)
