@@ -20,6 +20,7 @@
 #include "apps/common/GroupStepText.h"
 #include "apps/common/GroupUndo.h"
 #include "apps/common/Places.h"
+#include "apps/zephyls/Consent.h"
 #include "apps/zephyls/MemberNames.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
@@ -179,6 +180,9 @@ ScreenRenderer::~ScreenRenderer() = default;
 
 void ScreenRenderer::show(const Screen& screen) {
   parts_->session.startGroups();
+  if (screen.subject == ScreenSubject::kGroup) {
+    askForFingerprint(parts_->session, parts_->output, {groupToShow(parts_->session)});
+  }
   parts_->watchGroups();
   parts_->shown = screen.make(parts_->session);
   parts_->window = std::make_shared<UIWindow>(parts_->uikit->screen().bounds());

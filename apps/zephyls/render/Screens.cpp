@@ -9,6 +9,7 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/common/GroupsNavigationController.h"
+#include "apps/zephyls/Consent.h"
 #include "apps/zephyls/Session.h"
 #include "model/ZPLocalizedText.h"
 #include "store/ZephylsDataController.h"
@@ -86,22 +87,10 @@ ShownScreen makeRecipients(Session& session) {
       UITableViewStyle::kPlain, conversation));
 }
 
-// The one that was named, else the first of the user's.
-ZephylRef chosenGroup(Session& session) {
-  if (const auto& name = session.options().render.group) {
-    return session.groupNamed(*name);
-  }
-  const ZephylVector groups = ZephylsDataController::sharedInstance()->enabledUserCreatedZephyls();
-  if (groups.empty()) {
-    throw CommandError("there is no group to show; make one with `zephyls groups create`");
-  }
-  return groups.front();
-}
-
 // Over the groups to be managed.
 std::shared_ptr<GroupsNavigationController> makeEditing(Session& session) {
   const auto editor = std::make_shared<ZephylViewController>();
-  editor->setZephyl(chosenGroup(session));
+  editor->setZephyl(groupToShow(session));
   auto navigation = GroupsNavigationController::initWithRootViewController(makeManaging());
   navigation->pushViewController(editor, /*animated=*/false);
   return navigation;
@@ -116,7 +105,7 @@ ShownScreen makeNewGroup(Session& /*session*/) {
 }
 
 ShownScreen makeConversations(Session& session) {
-  const ZephylRef group = chosenGroup(session);
+  const ZephylRef group = groupToShow(session);
   const auto members = group->contacts();
   host().conversationList().shouldShowAllConversations(true);
   return inNavigation(std::make_shared<ZPConversationSelectionViewController>(
@@ -128,7 +117,7 @@ ShownScreen makeConversations(Session& session) {
 ShownScreen makeColour(Session& session) {
   const auto navigation = makeEditing(session);
   const auto picker = std::make_shared<ZPColorPickerViewController>(
-      UIColor::__zpColorWithHexString(chosenGroup(session)->markerCode()));
+      UIColor::__zpColorWithHexString(groupToShow(session)->markerCode()));
   picker->showInViewController(navigation->topViewController(), zpLocalizedText("Marker Color"),
                                nullptr);
   return {navigation, nullptr, nullptr};
@@ -156,6 +145,19 @@ ShownScreen makeSearch(Session& session) {
 }
 
 }  // namespace
+
+ZephylRef groupToShow(Session& session) {
+  if (const auto& name = session.options().render.group) {
+    return session.groupNamed(*name);
+  }
+  const ZephylVector groups = ZephylsDataController::sharedInstance()->enabledUserCreatedZephyls();
+  if (groups.empty()) {
+    throw CommandError("there is no group to show; make one with `zephyls groups create`");
+  }
+  const auto open = std::find_if(groups.begin(), groups.end(),
+                                 [](const ZephylRef& group) { return !isLocked(group); });
+  return open == groups.end() ? groups.front() : *open;
+}
 
 const std::vector<Screen>& allScreens() {
   static const std::vector<Screen> kScreens = {

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/Zephyl.h"
+
 namespace zephyl {
 class UIViewController;
 }
@@ -34,10 +36,15 @@ struct Screen {
   // The name on the command line.
   std::string_view name;
   std::string_view help;
-  // The groups and conversations of the session are there. Throws CommandError.
+  // The groups and conversations of the session are there, and the owner has agreed to the group
+  // that is shown. Throws CommandError.
   ShownScreen (*make)(Session& session);
   ScreenSubject subject = ScreenSubject::kNothing;
 };
+
+// The group that a screen about one is of: the one that was named, else the first of the user's
+// that no fingerprint stands before, else the first. Throws CommandError when there is none.
+[[nodiscard]] ZephylRef groupToShow(Session& session);
 
 // In the order of the list.
 [[nodiscard]] const std::vector<Screen>& allScreens();

@@ -212,6 +212,24 @@ TEST_F(ScreensTest, AProtectedGroupIsNotOpenedByAFingerThatNobodyKnows) {
   EXPECT_TRUE(shows(tree({"manage", "--biometrics", "off", "--tap", "Secret"}), "button \"Save\""));
 }
 
+TEST_F(ScreensTest, AScreenOfAProtectedGroupAsksFirst) {
+  writeGroups(group(8, "Secret",
+                    "<key>passwordProtected</key><true/><key>contacts</key><array>"
+                    "<string>nobody@example.com</string></array>") +
+              group(9, "Open"));
+  for (const char* screen : {"editor", "contacts", "search", "conversations", "colour"}) {
+    const std::string file = (folder_ / screen).string();
+    const auto refused = runOwn({"render", screen, "--group", "Secret", "-o", file});
+    EXPECT_EQ(refused.status, 1) << screen;
+    EXPECT_NE(refused.errors.find("Unable to verify your identity"), std::string::npos)
+        << refused.errors;
+    EXPECT_FALSE(std::filesystem::exists(file)) << screen;
+  }
+  EXPECT_TRUE(
+      shows(tree({"editor", "--group", "Secret", "--biometrics", "off"}), "nobody@example.com"));
+  EXPECT_TRUE(shows(tree({"editor"}), "Open"));
+}
+
 TEST_F(ScreensTest, AStepThatCannotBeDoneIsWrongUsageAndMakesNoPicture) {
   const std::string file = (folder_ / "a.png").string();
   const auto result = runOwn({"render", "manage", "--tap", "Nothing", "-o", file});
