@@ -37,6 +37,17 @@ TEST_F(ZPLocalizedTextTest, WithoutTheSettingsBundleTheMainBundleIsAsked) {
   EXPECT_EQ(status(), "Deaktiviert");
 }
 
+TEST_F(ZPLocalizedTextTest, ATableThatIsReplacedCountsAtOnce) {
+  putTable(kMainBundle, "en", "Before");
+  EXPECT_EQ(status(), "Before");
+  putTable(kMainBundle, "en", "Behind");
+  EXPECT_EQ(status(), "Behind");
+  device_.files().put(std::string(kMainBundle) + "/en.lproj/Localizable.strings", "no table");
+  EXPECT_EQ(status(), "Status: Disabled");
+  putTable(kMainBundle, "en", "Before");
+  EXPECT_EQ(status(), "Before");
+}
+
 // The default is the empty text, which stands for the key.
 TEST_F(ZPLocalizedTextTest, ATextThatNoTableHasIsTheEnglishOne) {
   EXPECT_EQ(status(), "Status: Disabled");

@@ -1,5 +1,8 @@
 #include "platform/foundation/NSBundle.h"
 
+#include <map>
+#include <memory>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -32,6 +35,51 @@ std::vector<std::string> localizations(const std::vector<std::string>& languages
   return names;
 }
 
+// What was read of each file last, so that a table is parsed anew only when its bytes are others.
+// Any thread.
+class KnownTables {
+ public:
+  // Null when the bytes are no table, which is told in the log.
+  std::shared_ptr<const Dictionary> table(const std::string& path, std::string bytes) {
+    {
+      const std::lock_guard lock(mutex_);
+      const auto known = known_.find(path);
+      if (known != known_.end() && known->second.bytes == bytes) {
+        return known->second.table;
+      }
+    }
+    const StringTableResult texts = readStringTable(bytes);
+    if (!texts.ok()) {
+      logError(texts.error().message(path));
+      return nullptr;
+    }
+    auto table = std::make_shared<const Dictionary>(texts.table());
+    const std::lock_guard lock(mutex_);
+    if (known_.size() >= kMost) {
+      known_.clear();
+    }
+    known_.insert_or_assign(path, Known{std::move(bytes), table});
+    return table;
+  }
+
+ private:
+  struct Known {
+    std::string bytes;
+    std::shared_ptr<const Dictionary> table;
+  };
+
+  // More than the languages of the bundles that one process asks.
+  static constexpr std::size_t kMost = 32;
+
+  std::mutex mutex_;
+  std::map<std::string, Known> known_;
+};
+
+KnownTables& knownTables() {
+  static KnownTables tables;
+  return tables;
+}
+
 }  // namespace
 
 NSBundle::NSBundle(std::string path) : path_(std::move(path)) {}
@@ -58,17 +106,10 @@ std::string NSBundle::localizedStringForKey(const std::string& key,
   const std::string file = "/" + table.value_or("Localizable") + ".strings";
   for (const std::string& name : localizations(host().processInfo().preferredLanguages())) {
     const std::string path = std::string(path_).append("/").append(name).append(".lproj") + file;
-    const auto bytes = host().files().contentsAtPath(path);
-    if (!bytes) {
-      continue;
-    }
-    const StringTableResult texts = readStringTable(*bytes);
-    if (!texts.ok()) {
-      logError(texts.error().message(path));
-      continue;
-    }
-    if (const Value* text = texts.table().find(key);
-        text != nullptr && text->ifString() != nullptr) {
+    auto bytes = host().files().contentsAtPath(path);
+    const auto texts = bytes ? knownTables().table(path, *std::move(bytes)) : nullptr;
+    const Value* const text = texts == nullptr ? nullptr : texts->find(key);
+    if (text != nullptr && text->ifString() != nullptr) {
       return *text->ifString();
     }
   }
