@@ -172,10 +172,12 @@ TEST_F(ColorPickerScreenTest, ThePickerLiesBelowTheBarAndStandsOutToTheRight) {
   EXPECT_EQ(screen_->colorPickerView()->frame(), CGRectMake(5, 91, 600, 400 - 91));
 }
 
-TEST_F(ColorPickerScreenTest, BeforeVersionSevenItFillsTheScreen) {
+TEST_F(ColorPickerScreenTest, BeforeVersionSevenItFillsTheScreenBelowTheBar) {
   device_.device().setSystemVersion("6.1");
   show();
-  EXPECT_EQ(screen_->colorPickerView()->frame(), CGRectMake(0, 0, 390, 844));
+  const auto& picker = *screen_->colorPickerView();
+  EXPECT_EQ(picker.frame(), CGRectMake(0, 0, 390, 844 - 91));
+  EXPECT_EQ(picker.convertRectToView(picker.bounds(), nullptr), CGRectMake(0, 91, 390, 844 - 91));
 }
 
 TEST_F(ColorPickerScreenTest, TheCallbackGoesWithTheScreen) {

@@ -136,9 +136,19 @@ void UINavigationController::viewWillLayoutSubviews() {
   bar_->setFrame(CGRectMake(0, top, bounds.width(), barHeight()));
   for (const auto& child : childViewControllers()) {
     if (child->isViewLoaded() && child->view()->superview() == view().get()) {
-      child->view()->setFrame(bounds);
+      child->view()->setFrame(areaForChild());
     }
   }
+}
+
+// Before version 7 screens begin below the bar, and have no guide to go by.
+CGRect UINavigationController::areaForChild() const {
+  const CGRect bounds = viewIfLoaded()->bounds();
+  if (respondsToTopLayoutGuide()) {
+    return bounds;
+  }
+  const CGFloat top = std::min(safeAreaInsets().top + barHeight(), bounds.height());
+  return CGRectMake(0, top, bounds.width(), bounds.height() - top);
 }
 
 CGFloat UINavigationController::barHeight() const {
@@ -150,7 +160,7 @@ CGFloat UINavigationController::barHeight() const {
 UIEdgeInsets UINavigationController::safeAreaInsetsForChild(
     const UIViewController& /*child*/) const {
   UIEdgeInsets insets = safeAreaInsets();
-  insets.top += barHeight();
+  insets.top = respondsToTopLayoutGuide() ? insets.top + barHeight() : 0;
   return insets;
 }
 
@@ -179,7 +189,7 @@ std::vector<std::shared_ptr<UIViewController>> UINavigationController::childrenF
 
 void UINavigationController::place(UIViewController& controller) {
   const auto view = controller.view();
-  view->setFrame(viewIfLoaded()->bounds());
+  view->setFrame(areaForChild());
   const auto& subviews = viewIfLoaded()->subviews();
   const auto bar = std::ranges::find(subviews, std::shared_ptr<UIView>(bar_));
   viewIfLoaded()->insertSubview(view, static_cast<std::size_t>(bar - subviews.begin()));

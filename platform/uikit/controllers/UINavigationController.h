@@ -57,6 +57,8 @@ class ZP_EXPORT UINavigationController : public UIViewController {
  private:
   struct Transition;
   [[nodiscard]] CGFloat barHeight() const;
+  // Where screens lie in the view, which is loaded.
+  [[nodiscard]] CGRect areaForChild() const;
   void replaceStack(Controllers stack, bool animated, bool forwards);
   void show(const std::shared_ptr<UIViewController>& from,
             const std::shared_ptr<UIViewController>& to, Controllers leaving, bool animated,

@@ -215,6 +215,17 @@ TEST_F(NavigationTest, InACardTheBarIsHigher) {
   EXPECT_EQ(inCard->topLayoutGuide().length, 56);
 }
 
+TEST_F(NavigationTest, BeforeVersionSevenScreensBeginBelowTheBar) {
+  device_.device().setSystemVersion("6.1");
+  navigation_->pushViewController(second_, /*animated=*/true);
+  settle();
+  EXPECT_EQ(second_->view()->frame(), CGRectMake(0, 91, 390, 844 - 91));
+  EXPECT_EQ(second_->safeAreaInsets().top, 0);
+  window_->setFrame(CGRectMake(0, 0, 600, 60));
+  window_->layoutWindow();
+  EXPECT_EQ(second_->view()->frame(), CGRectMake(0, 60, 600, 0));
+}
+
 TEST_F(NavigationTest, AStackThatGoesDuringATransitionIsNoTrouble) {
   std::weak_ptr<UIViewController> weak = second_;
   navigation_->pushViewController(std::exchange(second_, nullptr), /*animated=*/true);
