@@ -32,6 +32,15 @@ TEST_F(UITableViewIndexTest, StandsOnTheTrailingSideAndRowsMakeRoom) {
   EXPECT_EQ(index().frame().y(), 100);
 }
 
+TEST_F(UITableViewIndexTest, LeavesThePlaceOfTheTablesHeaderFree) {
+  table_->setTableHeaderView(std::make_shared<UIView>(CGRectMake(0, 0, 320, 56)));
+  layout();
+  EXPECT_EQ(index().frame(), CGRectMake(300, 56, 20, 440 - 56));
+  table_->setContentOffset({0, 100});
+  layout();
+  EXPECT_EQ(index().frame(), CGRectMake(300, 156, 20, 440 - 56));
+}
+
 TEST_F(UITableViewIndexTest, AFingerAlongItGoesToTheSections) {
   touch(*window_, UITouchPhase::kBegan, entry(2), 100);
   EXPECT_EQ(table_->contentOffset().y, 880);

@@ -237,8 +237,10 @@ std::size_t UITableView::Core::frontIndex() const {
 
 void UITableView::Core::layoutIndex() {
   if (index != nullptr) {
-    const CGRect area = UIEdgeInsetsInsetRect(table.bounds(), table.adjustedContentInset());
-    index->placeIn(area);
+    UIEdgeInsets inset = table.adjustedContentInset();
+    // It leaves the header's place free also when that is scrolled away, so that the letters stay.
+    inset.top += headerView == nullptr ? 0 : headerView->frame().height();
+    index->placeIn(UIEdgeInsetsInsetRect(table.bounds(), inset));
   }
 }
 
