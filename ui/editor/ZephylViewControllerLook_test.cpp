@@ -103,8 +103,11 @@ TEST_F(EditorLooks, FromTheRightTheSwatchLiesAtTheOtherEnd) {
   UITableViewCell row(UITableViewCellStyle::kValue1, "defaultCell");
   row.setFrame(CGRectMake(0, 0, 400, 44));
   editor_->configureTableCell(row, {1, 2});
-  EXPECT_EQ(row.contentView()->viewWithTag(Screen::kMarkerColorTag)->frame(),
-            CGRectMake(-25, 10, 70, 24));
+  row.layoutIfNeeded();
+  // The chevron is beside the content.
+  ASSERT_GT(row.contentView()->frame().x(), 0);
+  const auto swatch = row.contentView()->viewWithTag(Screen::kMarkerColorTag);
+  EXPECT_EQ(swatch->convertRectToView(swatch->bounds(), &row), CGRectMake(-25, 10, 70, 24));
 }
 
 TEST_F(EditorLooks, FromTheRightTheFootersAreAlignedThere) {

@@ -229,10 +229,15 @@ void ZephylViewController::Rows::configureMarkerColor(const Zephyl& zephyl, UITa
   if (swatch == nullptr) {
     const CGSize size = cell.frame().size;
     // Kept: it is wider than what is left of the row, and stands out.
-    const CGFloat x = editor::leadingX(size.width - kSwatchInset, kSwatch.width, size.width);
+    const CGFloat x = editor::leadingX(size.width - kSwatchInset, kSwatch.width,
+                                       cell.contentView()->bounds().width());
     swatch = std::make_shared<UIView>(
         CGRectMake(x, (size.height - kSwatch.height) / 2, kSwatch.width, kSwatch.height));
     swatch->setTag(kMarkerColorTag);
+    // What is beside the content takes its room where the row ends.
+    if (UIScreen::mainScreen().isRightToLeft()) {
+      swatch->setAutoresizingMask(kFlexibleLeftMargin);
+    }
     cell.contentView()->addSubview(swatch);
   }
   const std::string& code = zephyl.markerCode();
