@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,10 +14,21 @@
 
 namespace zephyl::app {
 
+// The bytes of a picture's file; null for none.
+using PictureRef = std::shared_ptr<const std::string>;
+
+// What became of the file of a group's picture; all null for nothing.
+struct PictureChange {
+  PictureRef before;
+  PictureRef after;
+};
+
 struct GroupDifference {
   // Nothing: the group is new, or gone; never both.
   std::optional<Dictionary> before;
   std::optional<Dictionary> after;
+  // Where the file was overwritten under the name that it had. No part of `takenBackFrom`.
+  PictureChange picture = {};
 
   // As it is called now, or was when it went.
   [[nodiscard]] std::string title() const;
