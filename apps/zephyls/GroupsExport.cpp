@@ -5,6 +5,8 @@
 
 #include "platform/Host.h"
 #include "platform/addressbook/ABAddressBook.h"
+#include "platform/foundation/NSFileManager.h"
+#include "platform/foundation/PropertyList.h"
 
 #include "apps/common/CommandError.h"
 #include "apps/zephyls/GroupPicture.h"
@@ -117,7 +119,24 @@ void leaveOutBadColour(TransferredGroup& group,
 
 }  // namespace
 
+std::set<std::int64_t> protectedInFile() {
+  std::set<std::int64_t> identifiers;
+  const auto contents = host().files().contentsAtPath(kGroupsFilePath);
+  const PropertyListResult list = readPropertyList(contents.value_or(""));
+  if (!list.ok() || list.value().ifArray() == nullptr) {
+    return identifiers;
+  }
+  for (const Value& group : *list.value().ifArray()) {
+    const Dictionary* const dictionary = group.ifDictionary();
+    if (dictionary != nullptr && (*dictionary)[keys::kPasswordProtected].boolValue()) {
+      identifiers.insert((*dictionary)[keys::kIdentifier].integerValue());
+    }
+  }
+  return identifiers;
+}
+
 TransferredGroup transferredGroup(const ZephylRef& group,
+                                  const std::set<std::int64_t>& protectedGroups,
                                   const std::function<void(const std::string&)>& complain) {
   const Dictionary dictionary = group->dictionaryRepresentation();
   TransferredGroup transferred;
@@ -132,6 +151,9 @@ TransferredGroup transferredGroup(const ZephylRef& group,
   }
   if (dictionary[keys::kTitle].ifString() == nullptr) {
     transferred.properties.set(keys::kTitle, group->title());
+  }
+  if (protectedGroups.contains(group->identifier())) {
+    transferred.properties.set(keys::kPasswordProtected, true);
   }
   leaveOutBadColour(transferred, complain);
   addMembers(transferred, dictionary);

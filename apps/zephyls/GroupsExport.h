@@ -2,7 +2,9 @@
 
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 
 #include "apps/zephyls/GroupsDocument.h"
@@ -10,9 +12,15 @@
 
 namespace zephyl::app {
 
-// `complain` is told what is left out: a picture that cannot be read. Needs the session's groups
-// started.
+// The identifiers of the groups that the groups file calls protected. A device without a reader
+// takes the flag from its records, so the file is read before the groups are. Needs the session's
+// device.
+[[nodiscard]] std::set<std::int64_t> protectedInFile();
+
+// Protected when `protectedGroups` has it. `complain` is told what is left out: a picture that
+// cannot be read. Needs the session's groups started.
 [[nodiscard]] TransferredGroup transferredGroup(
-    const ZephylRef& group, const std::function<void(const std::string&)>& complain);
+    const ZephylRef& group, const std::set<std::int64_t>& protectedGroups,
+    const std::function<void(const std::string&)>& complain);
 
 }  // namespace zephyl::app

@@ -87,6 +87,12 @@ class Partners {
   ZephylVector found_;
 };
 
+// Whether the group's own picture is that file.
+bool hasPicture(const ZephylRef& group, const std::string& png) {
+  const UIImageRef image = group->headerImagePath().empty() ? nullptr : group->headerImage();
+  return image != nullptr && image->file() == Data(png.begin(), png.end());
+}
+
 Array membersArray(const MemberSet& members, const Array& others) {
   Array array = members.array();
   for (const Value& element : others) {
@@ -118,6 +124,14 @@ class Planner {
     if (group.properties[keys::kPasswordProtected].boolValue() && !ZPUtils::supportsTouchID()) {
       remarks_.push_back("\"" + titleOf(group) +
                          "\" is not protected here: this device has no fingerprint reader");
+    }
+    if (existing != nullptr) {
+      if (!planned.png.empty() && hasPicture(existing, planned.png)) {
+        planned.png.clear();
+        planned.after.set(keys::kHeaderImagePath, existing->headerImagePath());
+      }
+      // As it is going to be stored, to be compared with what is.
+      planned.after = Zephyl(planned.after).dictionaryRepresentation();
     }
     return planned;
   }

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -258,14 +259,16 @@ int exportGroups(Session& session, Output& output) {
   if (!isStream) {
     checkMayWrite(file, session.options().force);
   }
+  session.startDevice();
+  const std::set<std::int64_t> protectedGroups = protectedInFile();
   session.startGroups();
   const ZephylVector groups = groupsToExport(session);
   askForFingerprint(session, output, groups);
   std::vector<TransferredGroup> exported;
   exported.reserve(groups.size());
   for (const ZephylRef& group : groups) {
-    exported.push_back(
-        transferredGroup(group, [&](const std::string& message) { session.complain(message); }));
+    exported.push_back(transferredGroup(
+        group, protectedGroups, [&](const std::string& message) { session.complain(message); }));
   }
   const Json document = documentOf(exported, host().clock().now());
   if (isStream) {

@@ -1,3 +1,4 @@
+#include <map>
 #include <string>
 #include <utility>
 
@@ -146,6 +147,41 @@ TEST_F(TransferTest, ReplacingTakesTheGroupsOfTheFileOnly) {
   EXPECT_EQ(identifierOf("Work"), identifier);
   EXPECT_EQ(group("Work")["headerImagePath"], identifier + ".png");
   EXPECT_EQ(change({"list", "--json"}).objects().size(), 7U);
+}
+
+TEST_P(TransferReleasesTest, ReplacingTheGroupsOfTheFileByThemselvesChangesNothing) {
+  release_ = GetParam();
+  change({"edit", "Home", "--masked-text", "Away"});
+  change({"export", file_, "--force"});
+  const ProgramResult result = change({"import", file_, "--replace", "--dry-run"});
+  EXPECT_EQ(result.out, "Work  " + identifierOf("Work") + "  unchanged\nHome  " +
+                            identifierOf("Home") + "  unchanged\n");
+  write(folder_ / "other.bmp", onePixelBmp());
+  change({"edit", "Work", "--picture", (folder_ / "other.bmp").string()});
+  EXPECT_NE(change({"import", file_, "--replace", "--dry-run"}).out.find("picture  new"),
+            std::string::npos);
+  change({"edit", "Work", "--picture", "none"});
+  change({"import", file_, "--replace", "--yes"});
+  EXPECT_EQ(read(pictures() / group("Work")["headerImagePath"]), onePixelPng());
+}
+
+TEST_F(TransferTest, ADeviceWithoutAReaderExportsWhatItsFileSaysOfProtection) {
+  writeGroups(
+      "<dict><key>identifier</key><integer>7</integer><key>title</key><string>Secret</string>"
+      "<key>enabled</key><true/><key>passwordProtected</key><true/></dict>"
+      "<dict><key>identifier</key><integer>8</integer><key>title</key><string>Open</string>"
+      "<key>enabled</key><true/><key>passwordProtected</key><false/></dict>");
+  const Texts words = {"--biometrics", "off", "groups", "export", file_, "--force"};
+  ASSERT_EQ(runOwn(words).status, 0);
+  moveToOtherDevice();
+  EXPECT_EQ(runOwn({"--biometrics", "on", "groups", "import", file_}).status, 0);
+  const auto listed = runOwn({"--biometrics", "on", "groups", "list", "--json"}).objects();
+  std::map<std::string, bool> isProtected;
+  for (const Json& one : listed) {
+    isProtected[one["title"]] = one["passwordProtected"];
+  }
+  EXPECT_TRUE(isProtected["Secret"]);
+  EXPECT_FALSE(isProtected["Open"]);
 }
 
 TEST_F(TransferTest, ADryRunTellsEverythingAndChangesNothing) {
