@@ -17,6 +17,7 @@
 #include "apps/common/CommandError.h"
 #include "apps/zephyls/Commands.h"
 #include "apps/zephyls/Describe.h"
+#include "apps/zephyls/GroupPicture.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/Session.h"
 #include "apps/zephyls/Settings.h"
@@ -67,6 +68,11 @@ Style styleOf(Severity severity) {
   return Style::kPlain;
 }
 
+std::string placeOf(const std::string& file, const Dictionary& group) {
+  const Value title = group[keys::kTitle];
+  return file + ": group " + (title.ifString() == nullptr ? std::string() : *title.ifString());
+}
+
 class Check {
  public:
   Check(const Places& places, Output& output) : places_(places), output_(output) {}
@@ -86,6 +92,7 @@ class Check {
     report({subject, Severity::kGood, message, ""});
   }
   void members(const std::string& file, const Array& groups);
+  void pictures(const std::string& file, const Array& groups);
   // Empty when the member stands for somebody or something that was read.
   [[nodiscard]] std::string whyUnresolved(const Member& member) const;
   // Null when the file is missing or unreadable; the latter is reported.
@@ -171,6 +178,25 @@ std::string Check::whyUnresolved(const Member& member) const {
              : std::string();
 }
 
+// The limits are those within which a picture is set.
+void Check::pictures(const std::string& file, const Array& groups) {
+  for (const Value& group : groups) {
+    const Dictionary* dictionary = group.ifDictionary();
+    const Value name = dictionary == nullptr ? Value() : (*dictionary)[keys::kHeaderImagePath];
+    if (name.ifString() == nullptr || name.ifString()->empty()) {
+      continue;
+    }
+    const std::string path = std::string(kGroupPicturesDirectory) + "/" + *name.ifString();
+    try {
+      static_cast<void>(checkedPictureFile(places_.onDevice(path).string()));
+    } catch (const CommandError& error) {
+      report({"groups", Severity::kWarning,
+              placeOf(file, *dictionary).append(": its picture ").append(error.what()),
+              "the group stays without it; give it another with `zephyls groups edit --picture`"});
+    }
+  }
+}
+
 void Check::members(const std::string& file, const Array& groups) {
   for (const Value& group : groups) {
     const Dictionary* dictionary = group.ifDictionary();
@@ -178,9 +204,7 @@ void Check::members(const std::string& file, const Array& groups) {
     if (contacts.ifArray() == nullptr) {
       continue;
     }
-    const Value title = (*dictionary)[keys::kTitle];
-    const std::string place =
-        file + ": group " + (title.ifString() == nullptr ? std::string() : *title.ifString());
+    const std::string place = placeOf(file, *dictionary);
     for (const Member& member : MemberSet(*contacts.ifArray())) {
       const std::string reason = whyUnresolved(member);
       if (!reason.empty()) {
@@ -233,6 +257,7 @@ void Check::groups() {
                               : "nothing is lost by it; edit the file if it was not meant"});
   }
   members(file, *list->ifArray());
+  pictures(file, *list->ifArray());
   keptCopies(file);
 }
 

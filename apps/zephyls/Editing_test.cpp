@@ -225,5 +225,29 @@ TEST_F(EditingTest, WhatIsNotKnownSurvivesAChange) {
   EXPECT_EQ(group("Job")["contacts"], Json::parse(R"(["x", 1000001, "AAEC"])"));
 }
 
+TEST_F(EditingTest, TheCheckTellsOfPicturesThatAreNone) {
+  write(folder_ / "one.png", onePixelPng());
+  for (const char* title : {"Whole", "Gone", "Torn"}) {
+    change({"create", title, "--picture", (folder_ / "one.png").string()});
+  }
+  const auto file = [&](const char* title) { return pictures() / (identifierOf(title) + ".png"); };
+  EXPECT_EQ(runOwn({"check"}).out.find("picture"), std::string::npos);
+  std::filesystem::remove(file("Gone"));
+  write(file("Torn"), onePixelPng().substr(0, 30));
+  const auto check = [&] { return runOwn({"check", "--json"}).out; };
+  EXPECT_NE(
+      check().find("group Gone: its picture " + file("Gone").string() + ": there is no such file"),
+      std::string::npos)
+      << check();
+  EXPECT_NE(check().find("group Torn: its picture " + file("Torn").string() + ": no picture: "),
+            std::string::npos);
+  EXPECT_EQ(check().find("group Whole"), std::string::npos);
+  // The header of a picture of 60000 by 60000 pixels.
+  std::string large = onePixelPng();
+  large.replace(16, 8, std::string("\0\0\xEA\x60\0\0\xEA\x60", 8));
+  write(file("Whole"), large);
+  EXPECT_NE(check().find("group Whole: its picture"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace zephyl::app::test
