@@ -222,12 +222,15 @@ TEST_F(CommandsTest, SettingsAreShownAndChanged) {
                    "ZPRememberUnlockSessionEnabled", "ZPRememberUnlockSessionTime"}));
   EXPECT_EQ(runOwn({"settings", "get", "ZephylsEnabled"}).out, "on\n");
   EXPECT_EQ(runOwn({"settings", "get", "ZephylsSortBy"}).out, "not set\n");
-  EXPECT_EQ(runOwn({"settings", "set", "ZephylsSortOrder", "-1"}).out, "-1\n");
+  EXPECT_EQ(runOwn({"settings", "set", "ZephylsSortOrder", "1"}).out, "1\n");
+  EXPECT_EQ(runOwn({"settings", "set", "ZephylsSortBy", "7"}).errors,
+            "zephyls: ZephylsSortBy takes one of these numbers: user groups: 0 by title, 1 by "
+            "creation date; not \"7\"\n");
   EXPECT_EQ(runOwn({"settings", "set", "ZephylsEnabled", "off"}).status, 0);
   EXPECT_EQ(runOwn({"settings", "set", "ZPRememberUnlockSessionTime", "2.5", "--json"}).out,
             "{\"key\":\"ZPRememberUnlockSessionTime\",\"value\":2.5}\n");
   EXPECT_EQ(all(runOwn({"settings", "--json"}).objects(), "value"),
-            (Texts{"false", "null", "-1", "null", "2.5"}));
+            (Texts{"false", "null", "1", "null", "2.5"}));
 }
 
 TEST_F(CommandsTest, TheSampleIsShownWhenNothingIsNamed) {

@@ -101,26 +101,29 @@ std::optional<Value> numberFrom(const std::string& text) {
 
 Value valueFrom(const std::string& text, const Setting& setting) {
   std::optional<Value> value;
-  const char* wanted = "";
+  std::string wanted;
   switch (setting.type) {
     case SettingType::kSwitch:
       value = switchFrom(text);
-      wanted = "on or off";
+      wanted = "on or off,";
       break;
     case SettingType::kNumber:
       value = numberFrom<std::int64_t>(text);
-      wanted = "a whole number";
+      if (value && (value->integerValue() < 0 || value->integerValue() > setting.last)) {
+        value.reset();
+      }
+      wanted = std::string("one of these numbers: ").append(setting.help) + ";";
       break;
     case SettingType::kMinutes:
       value = numberFrom<double>(text);
       if (value && !(std::isfinite(value->doubleValue()) && value->doubleValue() >= 0)) {
         value.reset();
       }
-      wanted = "a number of minutes";
+      wanted = "a number of minutes,";
       break;
   }
   if (!value) {
-    throw CommandError(std::string(setting.key) + " takes " + wanted + ", not \"" + text + "\"",
+    throw CommandError(std::string(setting.key) + " takes " + wanted + " not \"" + text + "\"",
                        kWrongUsage);
   }
   return *value;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 #include "platform/foundation/Value.h"
@@ -17,12 +18,15 @@ struct Setting {
   const char* key;
   SettingType type;
   const char* help;
+  // Of a number: what there is are those from 0 to this one, which the help tells apart.
+  std::int64_t last = 0;
 };
 
 inline constexpr std::array<Setting, 5> kSettings = {{
     {settings_keys::kEnabled, SettingType::kSwitch, "whether the extension is on"},
-    {settings_keys::kSortBy, SettingType::kNumber, "user groups: 0 by title, 1 by creation date"},
-    {settings_keys::kSortOrder, SettingType::kNumber, "0 ascending, 1 descending"},
+    {settings_keys::kSortBy, SettingType::kNumber, "user groups: 0 by title, 1 by creation date",
+     1},
+    {settings_keys::kSortOrder, SettingType::kNumber, "0 ascending, 1 descending", 1},
     {settings_keys::kRememberSession, SettingType::kSwitch,
      "whether an unlocked group stays unlocked"},
     {settings_keys::kSessionTime, SettingType::kMinutes, "for so many minutes"},
