@@ -4,6 +4,22 @@
 
 namespace zephyl::app {
 
+namespace {
+
+// Zero for a text that does not begin with a number.
+int majorNumber(const std::string& release) {
+  int major = 0;
+  std::from_chars(release.data(), release.data() + release.size(), major);
+  return major;
+}
+
+}  // namespace
+
+bool hasDarkAppearance(const std::string& release) {
+  constexpr int kFirstDark = 13;
+  return majorNumber(release) >= kFirstDark;
+}
+
 std::string whyNoRelease(const std::string& text) {
   bool digit = false;
   for (const char c : text) {
@@ -20,9 +36,8 @@ std::string whyNoRelease(const std::string& text) {
   }
   constexpr int kFirst = 6;
   constexpr int kLast = 14;
-  int major = 0;
-  const auto parsed = std::from_chars(text.data(), text.data() + text.size(), major);
-  return parsed.ec == std::errc() && major >= kFirst && major <= kLast
+  const int major = majorNumber(text);
+  return major >= kFirst && major <= kLast
              ? std::string()
              : "no release that is known: " + text + "; known are those from 6 to 14";
 }

@@ -11,6 +11,7 @@
 
 #include "apps/common/CommandError.h"
 #include "apps/common/Places.h"
+#include "apps/common/ReleaseNumber.h"
 #include "apps/common/SharedOptions.h"
 #include "apps/zephyls/Output.h"
 #include "apps/zephyls/render/PictureDestination.h"
@@ -187,8 +188,13 @@ int renderWhatIsWished(const Options& options, Output& output) {
                                                 : "say with -o into which file the picture goes",
                        kWrongUsage);
   }
-  return screen != nullptr ? renderScreen(*screen, options, output)
-                           : renderComponents(options, output);
+  Options shown = options;
+  if (wishes.dark && !hasDarkAppearance(options.iosVersion)) {
+    output.complain("release " + options.iosVersion +
+                    " has no dark appearance; it is shown in the light one");
+    shown.render.dark = false;
+  }
+  return screen != nullptr ? renderScreen(*screen, shown, output) : renderComponents(shown, output);
 }
 
 // What is done with a screen, in the order of the command line, whatever the kinds.
@@ -245,7 +251,7 @@ void addRenderCommand(CLI::App& program, RenderWishes& wishes, ScreenCommand& ch
   command.add_option("--scale", wishes.scale, "pixels a point (default: 2)")
       ->type_name("N")
       ->check(CLI::Validator(whyNoScale, ""));
-  command.add_flag("--dark", wishes.dark, "in dark appearance");
+  command.add_flag("--dark", wishes.dark, "in dark appearance, which releases have from 13 on");
   command.add_flag("--rtl", wishes.rightToLeft,
                    "from right to left; so are the languages that are written so");
   addStepOptions(command, wishes);

@@ -90,6 +90,24 @@ TEST_F(RenderTest, AppearanceDirectionAndReleaseChangeThePicture) {
             run({"render", "tile-cell", "--tree"}).out);
 }
 
+TEST_F(RenderTest, ReleasesWithoutADarkAppearanceAreShownInTheLightOne) {
+  for (const char* what : {"row-cell-managing", "editor"}) {
+    const auto picture = [&](const Texts& words) {
+      Texts all = {"render", what, "--scale", "1", "-o", path("a.png")};
+      all.insert(all.end(), words.begin(), words.end());
+      const auto result = run(all);
+      EXPECT_EQ(result.status, 0) << result.errors;
+      return std::pair(read(folder_ / "a.png"), result.errors);
+    };
+    const auto [light, nothing] = picture({"--ios", "12.4"});
+    const auto [wished, told] = picture({"--ios", "12.4", "--dark"});
+    EXPECT_EQ(wished, light) << what;
+    EXPECT_EQ(nothing, "");
+    EXPECT_EQ(told, "zephyls: release 12.4 has no dark appearance; it is shown in the light one\n");
+    EXPECT_NE(picture({"--ios", "13", "--dark"}).first, picture({"--ios", "13"}).first) << what;
+  }
+}
+
 TEST_F(RenderTest, TheTreeIsTextOnTheStandardOutputOrInAFile) {
   const auto result = run({"render", "badge", "--tree"});
   EXPECT_EQ(result.status, 0) << result.errors;
