@@ -61,7 +61,20 @@ Session::~Session() {
 
 void Session::complain(const std::string& message) {
   badData_ = true;
-  output_.complain(message);
+  output_.complain(asShown(message));
+}
+
+std::string Session::asShown(std::string message) const {
+  const std::string& shown = surroundings_.shownDevice;
+  const std::string own = places_.device.string();
+  if (shown.empty()) {
+    return message;
+  }
+  for (std::size_t at = message.find(own); at != std::string::npos;
+       at = message.find(own, at + shown.size())) {
+    message.replace(at, own.size(), shown);
+  }
+  return message;
 }
 
 int Session::exitStatus() const {
@@ -70,7 +83,7 @@ int Session::exitStatus() const {
 
 void Session::warn(const std::string& source, const std::vector<std::string>& warnings) {
   for (std::size_t index = 0; index < std::min(warnings.size(), kMostWarnings); ++index) {
-    output_.complain(warnings[index]);
+    output_.complain(asShown(warnings[index]));
   }
   if (warnings.size() > kMostWarnings) {
     output_.complain(source + ": " + std::to_string(warnings.size() - kMostWarnings) +
@@ -145,10 +158,10 @@ void Session::startDevice() {
   options.systemLog = std::make_unique<SessionLog>(
       options.deviceRoot, [this](const std::string& message) { complain(message); });
   serveFingerprint(options);
-  options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
   options.uikit = std::move(surroundings_.uikit);
   bool hasShell = false;
   if (!surroundings_.isAlone) {
+    options.needsCopyBeforeOverwrite = whyKeepGroupsFile;
     options.safety = safetyOfGroups(places_.state.string(), options.deviceRoot);
     hasShell =
         reachShell(options, [this](const std::string& message) { output_.complain(message); });
@@ -169,7 +182,7 @@ std::string Session::whyNoGroups() const {
   const std::string file = places_.onDevice(kGroupsFilePath).string();
   const auto contents = device_->files().contentsAtPath(kGroupsFilePath);
   if (const auto reason = contents ? whyNoGroupsFile(*contents) : std::nullopt) {
-    return file + ": " + *reason +
+    return asShown(file) + ": " + *reason +
            "; mend the file, or move it away to start with the system groups";
   }
   return "cannot write the groups " + file + "; name a folder that can be written with --device";

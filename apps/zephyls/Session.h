@@ -40,6 +40,8 @@ struct SessionSurroundings {
   // On a device root of its own, for a while: no other program is asked or told, and no safety
   // copies are kept.
   bool isAlone = false;
+  // The device root that the user is told of in place of the session's own. Empty: that one.
+  std::string shownDevice = {};
 };
 
 class Session {
@@ -91,6 +93,7 @@ class Session {
   void serveFingerprint(linux_host::DeviceOptions& options);
   void writeFirstSettings();
   [[nodiscard]] std::string whyNoGroups() const;
+  [[nodiscard]] std::string asShown(std::string message) const;
   void warn(const std::string& source, const std::vector<std::string>& warnings);
 
   const Options& options_;

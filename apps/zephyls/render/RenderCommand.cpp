@@ -113,7 +113,7 @@ int renderScreen(const render::Screen& screen, const Options& options, Output& o
     PictureDestination(wishes, /*several=*/false)
         .write(screen.name, wishes.tree ? renderer.tree() : renderer.png());
   }
-  return kSuccess;
+  return renderer.exitStatus();
 }
 
 // The screens are of the user's own data, and each may want words of its own.

@@ -46,6 +46,9 @@ void copyDevice(const Places& from, const fs::path& to) {
   if (!fs::exists(from.device, error)) {
     return;
   }
+  if (!fs::is_directory(from.device, error)) {
+    throw CommandError("the device root " + from.device.string() + " is no folder");
+  }
   const DeviceLock lock(from.device);
   const fs::path preferences = from.onDevice(kPreferences);
   if (fs::exists(preferences, error)) {
@@ -93,6 +96,7 @@ Options optionsOnCopy(const Options& options, const std::string& copy) {
 struct ScreenRenderer::Parts {
   Parts(const Options& options, Output& given)
       : output(given),
+        ownDevice(placesFor(options.sources).device.string()),
         own(optionsOnCopy(options, folder.path())),
         session(own, output, surroundings()) {}
   ~Parts() {
@@ -119,7 +123,7 @@ struct ScreenRenderer::Parts {
     wishes.textInput = std::move(input);
     auto made = std::make_unique<linux_host::LinuxUIKit>(std::move(wishes));
     uikit = made.get();
-    SessionSurroundings given{std::move(made), nullptr, /*isAlone=*/true};
+    SessionSurroundings given{std::move(made), nullptr, /*isAlone=*/true, ownDevice};
     // Where nobody says otherwise there is a reader: else nothing would be shown as protected.
     if (own.biometrics.value_or(!own.namesMachinesReader)) {
       given.makeAuthentication = [] { return std::make_shared<KnowsNobody>(); };
@@ -164,6 +168,7 @@ struct ScreenRenderer::Parts {
 
   Output& output;
   const TemporaryFolder folder;
+  const std::string ownDevice;
   const Options own;
   linux_host::LinuxUIKit* uikit = nullptr;
   linux_host::HeadlessTextInput* typing = nullptr;
@@ -208,6 +213,10 @@ std::string ScreenRenderer::png() {
 
 std::string ScreenRenderer::tree() {
   return recursiveDescription(*parts_->window);
+}
+
+int ScreenRenderer::exitStatus() const {
+  return parts_->session.exitStatus();
 }
 
 }  // namespace zephyl::app::render

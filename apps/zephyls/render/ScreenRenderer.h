@@ -31,6 +31,8 @@ class ScreenRenderer {
   // Of what is shown: a PNG file, or the view tree as text.
   [[nodiscard]] std::string png();
   [[nodiscard]] std::string tree();
+  // As of other commands: whether bad data was met.
+  [[nodiscard]] int exitStatus() const;
 
  private:
   struct Parts;

@@ -230,6 +230,35 @@ TEST_F(ScreensTest, AScreenOfAProtectedGroupAsksFirst) {
   EXPECT_TRUE(shows(tree({"editor"}), "Open"));
 }
 
+TEST_F(ScreensTest, BadDataIsToldUnderItsOwnNameAndByTheExitStatus) {
+  write(groups_, "junk{");
+  const std::string picture = (folder_ / "a.png").string();
+  const auto result = runOwn({"render", "manage", "-o", picture});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.errors, "zephyls: " + groups_.string() +
+                               ": line 1: neither an XML nor a binary property list\n");
+  EXPECT_TRUE(std::filesystem::exists(picture));
+  EXPECT_EQ(read(groups_), "junk{");
+}
+
+TEST_F(ScreensTest, ContactsThatAreNotThereAreBadData) {
+  const std::string missing = (folder_ / "nobody.vcf").string();
+  const auto result =
+      run({"render", "contacts", "--tree", "--contacts", missing, "--device", device_.string()});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.errors.find(missing), std::string::npos) << result.errors;
+  EXPECT_NE(result.out, "");
+}
+
+TEST_F(ScreensTest, ADeviceRootThatIsAFileIsAnError) {
+  const std::string file = (folder_ / "file").string();
+  write(file, "mine");
+  const auto result = run({"render", "groups", "--tree", "--device", file});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.errors, "zephyls: the device root " + file + " is no folder\n");
+  EXPECT_EQ(result.out, "");
+}
+
 TEST_F(ScreensTest, AStepThatCannotBeDoneIsWrongUsageAndMakesNoPicture) {
   const std::string file = (folder_ / "a.png").string();
   const auto result = runOwn({"render", "manage", "--tap", "Nothing", "-o", file});
