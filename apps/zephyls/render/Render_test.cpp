@@ -1,15 +1,21 @@
 // `zephyls render` as a user runs it.
 
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "apps/zephyls/ProgramTest.h"
 #include "apps/zephyls/render/Specimens.h"
+#include "hosts/linux/testing/ChildProcess.h"
 
 namespace zephyl::app::test {
 namespace {
@@ -105,6 +111,32 @@ TEST_F(RenderTest, ReleasesWithoutADarkAppearanceAreShownInTheLightOne) {
     EXPECT_EQ(nothing, "");
     EXPECT_EQ(told, "zephyls: release 12.4 has no dark appearance; it is shown in the light one\n");
     EXPECT_NE(picture({"--ios", "13", "--dark"}).first, picture({"--ios", "13"}).first) << what;
+  }
+}
+
+// Nobody reads what it writes, so it stands still in the middle.
+TEST_F(RenderTest, ASignalLeavesNoCopyBehind) {
+  const std::string pipe = path("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_EQ(fcntl(reader, F_SETFL, 0), 0);
+    ASSERT_GT(fcntl(reader, F_SETPIPE_SZ, 4096), 0);
+    const std::filesystem::path temporary = folder_ / ("tmp" + std::to_string(number));
+    std::filesystem::create_directory(temporary);
+    zephyl::test::ChildOptions options;
+    options.environment = environment_;
+    options.environment["TMPDIR"] = temporary.string();
+    options.inheritsEnvironment = false;
+    options.outputFile = pipe;
+    zephyl::test::ChildProcess program({ZEPHYLS_PROGRAM, "render", "all", "--tree"}, options);
+    char first = 0;
+    ASSERT_EQ(::read(reader, &first, 1), 1);
+    EXPECT_FALSE(std::filesystem::is_empty(temporary));
+    program.signal(number);
+    EXPECT_EQ(program.wait(std::chrono::minutes(2)), 1000 + number);
+    EXPECT_TRUE(std::filesystem::is_empty(temporary)) << number;
+    close(reader);
   }
 }
 

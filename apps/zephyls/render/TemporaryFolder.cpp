@@ -10,6 +10,19 @@ namespace zephyl::app::render {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+// While others may still write into it.
+void removeForGood(const std::string& path) {
+  constexpr int kTries = 100;
+  std::error_code error;
+  for (int once = 0; once < kTries && fs::exists(path, error); ++once) {
+    fs::remove_all(path, error);
+  }
+}
+
+}  // namespace
+
 TemporaryFolder::TemporaryFolder() {
   std::error_code error;
   const fs::path parent = fs::temp_directory_path(error);
@@ -19,6 +32,7 @@ TemporaryFolder::TemporaryFolder() {
                        "; name another with TMPDIR");
   }
   path_ = pattern;
+  cleanup_ = std::make_unique<SignalCleanup>([path = path_] { removeForGood(path); });
 }
 
 TemporaryFolder::~TemporaryFolder() {

@@ -1,8 +1,11 @@
-// A folder that is gone afterwards.
+// A folder that is gone afterwards, and too when a signal ends the program. One at a time.
 
 #pragma once
 
+#include <memory>
 #include <string>
+
+#include "apps/zephyls/render/SignalCleanup.h"
 
 namespace zephyl::app::render {
 
@@ -18,6 +21,7 @@ class TemporaryFolder {
 
  private:
   std::string path_;
+  std::unique_ptr<SignalCleanup> cleanup_;
 };
 
 }  // namespace zephyl::app::render
