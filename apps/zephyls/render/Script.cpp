@@ -157,10 +157,11 @@ void Script::type(const std::string& text) {
     throw CommandError("cannot type \"" + text + "\": nothing is typed into; tap a field first",
                        kWrongUsage);
   }
-  client->textInputDidChange(client->textInputText() + text);
+  typed_.type(*client, text);
 }
 
-// While something is typed into, the keys that end that are the host's to tell.
+// While something is typed into, the keys of its text and those that end that are the host's to
+// tell.
 void Script::press(const std::string& name) {
   const UIKeyPress press = keyNamed(name);
   TextInputClient* const client = stage_.typedInto();
@@ -168,6 +169,8 @@ void Script::press(const std::string& name) {
     client->textInputDidReturn();
   } else if (client != nullptr && press.key == UIKey::kTab) {
     client->textInputDidTab(/*forwards=*/!press.shift);
+  } else if (client != nullptr && typed_.press(*client, press)) {
+    return;
   } else if (client != nullptr || !stage_.handleShortcut || !stage_.handleShortcut(press)) {
     stage_.window.sendKey(press);
   }

@@ -12,6 +12,7 @@
 #include "platform/uikit/UIWindow.h"
 
 #include "apps/zephyls/render/ScriptStep.h"
+#include "apps/zephyls/render/TypedText.h"
 
 namespace zephyl {
 class TextInputClient;
@@ -51,6 +52,7 @@ class Script {
   [[nodiscard]] std::vector<std::shared_ptr<UIView>> elements() const;
 
   Stage stage_;
+  TypedText typed_;
 };
 
 }  // namespace zephyl::app::render

@@ -109,6 +109,41 @@ TEST_F(ScriptTest, TextIsTypedIntoWhatWasTapped) {
   EXPECT_EQ(field->text(), "Marie");
 }
 
+TEST_F(ScriptTest, KeysOfATextMoveMarkAndDelete) {
+  struct Case {
+    std::vector<ScriptStep> steps;
+    const char* text;
+  };
+  const std::vector<Case> cases = {
+      {{{Kind::kKey, "Space"}, {Kind::kType, "d"}}, "ab\U0001F44D\U0001F3FDc d"},
+      {{{Kind::kKey, "Ctrl+A"}, {Kind::kType, "x"}, {Kind::kType, "y"}}, "xy"},
+      {{{Kind::kKey, "Home"}, {Kind::kType, "x"}, {Kind::kKey, "End"}, {Kind::kType, "y"}},
+       "xab\U0001F44D\U0001F3FDcy"},
+      {{{Kind::kKey, "Left"},
+        {Kind::kKey, "Left"},
+        {Kind::kType, "x"},
+        {Kind::kKey, "Right"},
+        {Kind::kType, "y"}},
+       "abx\U0001F44D\U0001F3FDyc"},
+      {{{Kind::kKey, "Left"}, {Kind::kKey, "Backspace"}}, "abc"},
+      {{{Kind::kKey, "Home"}, {Kind::kKey, "Backspace"}, {Kind::kKey, "Delete"}},
+       "b\U0001F44D\U0001F3FDc"},
+      {{{Kind::kKey, "Shift+Home"}, {Kind::kKey, "Right"}, {Kind::kKey, "Backspace"}},
+       "ab\U0001F44D\U0001F3FD"},
+      {{{Kind::kKey, "Shift+Left"}, {Kind::kKey, "Shift+Left"}, {Kind::kKey, "Backspace"}}, "ab"},
+      {{{Kind::kKey, "Ctrl+A"}, {Kind::kKey, "Left"}, {Kind::kType, "x"}},
+       "xab\U0001F44D\U0001F3FDc"},
+  };
+  const auto field = addField();
+  for (const Case& one : cases) {
+    field->setText("ab\U0001F44D\U0001F3FDc");
+    std::vector<ScriptStep> steps = {{Kind::kTap, "Title"}};
+    steps.insert(steps.end(), one.steps.begin(), one.steps.end());
+    run(steps);
+    EXPECT_EQ(field->text(), one.text);
+  }
+}
+
 TEST_F(ScriptTest, KeysThatEndTypingGoToTheField) {
   const auto field = addField();
   bool ended = false;
