@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <iostream>
 #include <system_error>
 
 #include "apps/common/CommandError.h"
@@ -14,6 +15,8 @@ namespace zephyl::app::render {
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr char kStandardStream[] = "-";
 
 // The endings of pictures and pages of other kinds than those that are made.
 constexpr auto kOtherPictures = std::to_array<std::string_view>(
@@ -29,7 +32,16 @@ std::string lowerCase(std::string text) {
 }  // namespace
 
 PictureDestination::PictureDestination(const RenderWishes& wishes, bool several)
-    : path_(wishes.file), suffix_(wishes.tree ? ".txt" : ".png") {
+    : path_(wishes.file),
+      suffix_(wishes.tree ? ".txt" : ".png"),
+      isStream_(path_.string() == kStandardStream) {
+  if (isStream_) {
+    if (several) {
+      throw CommandError("several pictures need a folder; the standard output takes one",
+                         kWrongUsage);
+    }
+    return;
+  }
   std::error_code error;
   isFolder_ = several || !path_.has_filename() || fs::is_directory(path_, error);
   if (isFolder_) {
@@ -49,6 +61,11 @@ void PictureDestination::refuseOtherPictures() const {
 }
 
 void PictureDestination::write(std::string_view name, const std::string& content) const {
+  if (isStream_) {
+    // That it could not be written is told by whoever ends the program.
+    std::cout << content;
+    return;
+  }
   fs::path file = path_;
   if (isFolder_) {
     file /= std::string(name).append(suffix_);

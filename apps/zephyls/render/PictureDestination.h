@@ -14,8 +14,9 @@ namespace render {
 
 class PictureDestination {
  public:
-  // A path that is a folder, or ends as one, and one for several pictures, names a folder. Throws
-  // CommandError, as wrong usage for a file whose ending is that of a picture that is not made.
+  // A path that is a folder, or ends as one, and one for several pictures, names a folder; "-" is
+  // the standard output, for one picture. Throws CommandError, as wrong usage for a file whose
+  // ending is that of a picture that is not made.
   PictureDestination(const RenderWishes& wishes, bool several);
 
   // Makes the folders that are missing. A file that is there is replaced, and its mode stays; a new
@@ -28,6 +29,7 @@ class PictureDestination {
 
   std::filesystem::path path_;
   std::string suffix_;
+  bool isStream_ = false;
   bool isFolder_ = false;
 };
 

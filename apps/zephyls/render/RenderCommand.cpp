@@ -246,7 +246,7 @@ void addRenderCommand(CLI::App& program, RenderWishes& wishes, ScreenCommand& ch
   command
       .add_option("-o,--output", wishes.file,
                   "the PNG file, or for several the folder; made if it is missing, the file "
-                  "replaced if it is there")
+                  "replaced if it is there; - for the standard output")
       ->check(CLI::Validator(whyEmpty, ""));
   command.add_option("--scale", wishes.scale, "pixels a point (default: 2)")
       ->type_name("N")

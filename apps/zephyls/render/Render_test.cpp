@@ -114,6 +114,15 @@ TEST_F(RenderTest, ReleasesWithoutADarkAppearanceAreShownInTheLightOne) {
   }
 }
 
+TEST_F(RenderTest, APictureGoesToTheStandardOutputForADash) {
+  ASSERT_EQ(run({"render", "badge", "-o", path("a.png")}).status, 0);
+  const auto result = run({"render", "badge", "-o", "-"});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(result.out, read(folder_ / "a.png"));
+  EXPECT_EQ(run({"render", "all", "-o", "-"}).status, 2);
+  EXPECT_EQ(run({"render", "badge", "-o", "-"}, "/dev/full").status, 1);
+}
+
 // Nobody reads what it writes, so it stands still in the middle.
 TEST_F(RenderTest, ASignalLeavesNoCopyBehind) {
   const std::string pipe = path("pipe");
