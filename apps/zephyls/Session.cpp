@@ -1,9 +1,14 @@
 #include "apps/zephyls/Session.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 #include <utility>
+
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
 
 #include "platform/Host.h"
 #include "platform/foundation/Dictionary.h"
@@ -35,6 +40,26 @@ namespace {
 
 // More warnings than these are counted only; `check` lists them all.
 constexpr std::size_t kMostWarnings = 3;
+
+// And the blanks after them; empty for a name of nothing else.
+std::string withoutLeadingEmoji(const std::string& name) {
+  constexpr UChar32 kJoiner = 0x200D;
+  constexpr UChar32 kEmojiPresentation = 0xFE0F;
+  const auto text = icu::UnicodeString::fromUTF8(name);
+  std::int32_t at = 0;
+  for (; at < text.length(); at = text.moveIndex32(at, 1)) {
+    const UChar32 c = text.char32At(at);
+    const bool isEmoji = u_hasBinaryProperty(c, UCHAR_EMOJI_PRESENTATION) != 0 ||
+                         u_hasBinaryProperty(c, UCHAR_EMOJI_MODIFIER) != 0 ||
+                         u_hasBinaryProperty(c, UCHAR_EXTENDED_PICTOGRAPHIC) != 0;
+    if (!isEmoji && c != kJoiner && c != kEmojiPresentation && c != ' ') {
+      break;
+    }
+  }
+  std::string rest;
+  text.tempSubString(at).toUTF8String(rest);
+  return rest;
+}
 
 }  // namespace
 
@@ -266,6 +291,14 @@ CKConversationRef Session::conversationNamed(const std::string& guidOrName) {
     return named.front();
   }
   if (named.empty()) {
+    std::copy_if(all.begin(), all.end(), std::back_inserter(named), [&](const auto& conversation) {
+      return withoutLeadingEmoji(conversation->facts().name) == guidOrName;
+    });
+    if (named.size() == 1 && !guidOrName.empty()) {
+      return named.front();
+    }
+  }
+  if (named.empty() || guidOrName.empty()) {
     throw CommandError("no conversation has the GUID, name or address \"" + guidOrName +
                        "\"; `zephyls conversations --json` lists them");
   }

@@ -82,7 +82,8 @@ class Session {
   // What the group shows, its conversations loaded anew.
   [[nodiscard]] CKConversationArray conversationsOf(const ZephylRef& group);
 
-  // By canonical or raw GUID, or by a name or address that fits no other.
+  // By canonical or raw GUID, or by a name or address that fits no other. Where nothing fits, the
+  // emoji before a name may be left out.
   [[nodiscard]] CKConversationRef conversationNamed(const std::string& guidOrName);
 
   // Tells the user of bad data that did not stop the command; its exit status says so.

@@ -205,6 +205,26 @@ TEST_F(ScreensTest, AScreenCanBeAboutANamedConversation) {
   EXPECT_TRUE(shows(tree({"recipients", "--conversation", guid}), "button \"Add to Groups\""));
 }
 
+TEST_F(ScreensTest, TheEmojiBeforeANameMayBeLeftOutWhereNothingElseFits) {
+  const auto update = [this](const std::string& name, int row) {
+    execute(messages_, "UPDATE chat SET display_name='" + name +
+                           "', style=43 WHERE ROWID=" + std::to_string(row));
+  };
+  const auto found = [this](const std::string& name) {
+    return runOwn({"explain", name}).out.find("chat300") != std::string::npos;
+  };
+  update("\U0001F575\U0001F3FD\u200D\u2642\uFE0F\U0001F92B Cake", 3);
+  EXPECT_TRUE(found("Cake"));
+  EXPECT_FALSE(found("ake"));
+  EXPECT_FALSE(found(""));
+  EXPECT_TRUE(shows(tree({"recipients", "--conversation", "Cake"}), "button \"Add to Groups\""));
+  update("\U0001F370 Cake", 4);
+  EXPECT_NE(runOwn({"explain", "Cake"}).errors.find("several conversations"), std::string::npos);
+  update("Cake", 4);
+  EXPECT_FALSE(found("Cake"));
+  EXPECT_EQ(runOwn({"explain", "Cake"}).status, 0);
+}
+
 TEST_F(ScreensTest, AProtectedGroupIsNotOpenedByAFingerThatNobodyKnows) {
   writeGroups(group(1, "All", "<key>system</key><true/>") +
               group(8, "Secret", "<key>passwordProtected</key><true/>"));
