@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -43,6 +44,12 @@ class RenderTest : public ProgramTest {
       return value;
     };
     return {number(16), number(20)};
+  }
+  // Qt keeps a folder of its own beside them.
+  [[nodiscard]] static std::ptrdiff_t copiesIn(const std::filesystem::path& folder) {
+    return std::count_if(std::filesystem::directory_iterator(folder), {}, [](const auto& entry) {
+      return entry.path().filename().string().starts_with("zephyls-render-");
+    });
   }
   [[nodiscard]] std::string path(const char* name) const { return (folder_ / name).string(); }
 };
@@ -141,10 +148,10 @@ TEST_F(RenderTest, ASignalLeavesNoCopyBehind) {
     zephyl::test::ChildProcess program({ZEPHYLS_PROGRAM, "render", "all", "--tree"}, options);
     char first = 0;
     ASSERT_EQ(::read(reader, &first, 1), 1);
-    EXPECT_FALSE(std::filesystem::is_empty(temporary));
+    EXPECT_EQ(copiesIn(temporary), 1);
     program.signal(number);
     EXPECT_EQ(program.wait(std::chrono::minutes(2)), 1000 + number);
-    EXPECT_TRUE(std::filesystem::is_empty(temporary)) << number;
+    EXPECT_EQ(copiesIn(temporary), 0) << number;
     close(reader);
   }
 }
