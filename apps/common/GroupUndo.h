@@ -54,8 +54,8 @@ class GroupUndo {
   // members and properties are put back one by one, and what else became of a group stays; a
   // deleted group comes back, not selected when another is; a new one is deleted; a picture that
   // was replaced is put back while its file is what it was replaced by. Groups that others deleted
-  // meanwhile stay so. While nobody else edits groups, and with the device's lock
-  // where other programs change them too.
+  // meanwhile stay so. To be called while nobody else edits groups: under the device's lock where
+  // other programs change them too.
   Outcome undo();
   // Does again what was taken back last, while nothing else was changed since.
   Outcome redo();
